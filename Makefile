@@ -1,0 +1,48 @@
+# Formkit for Linux: one entry point for a fresh machine.
+#   make test   install what is missing, configure, build, run the tests
+BUILD    ?= build
+JOBS     ?= 2
+CMAKE_BUILD_TYPE ?= RelWithDebInfo
+
+# Debian packages the build and the tests need.
+PACKAGES := cmake ninja-build pkg-config g++ binutils \
+            libgtest-dev libgmock-dev libbenchmark-dev \
+            libglib2.0-dev libsqlite3-dev libfmt-dev libsimpleini-dev \
+            dbus
+
+.PHONY: all deps configure build test bench clean
+
+all: build
+
+# Installs the missing packages when run as root (one apt-get update first);
+# otherwise names them and stops.
+deps:
+	@missing=""; \
+	for p in $(PACKAGES); do \
+	  dpkg-query -W -f='$${Status}' $$p 2>/dev/null | grep -q 'install ok installed' || missing="$$missing $$p"; \
+	done; \
+	if [ -n "$$missing" ]; then \
+	  if [ "$$(id -u)" = 0 ]; then \
+	    echo "installing:$$missing"; \
+	    apt-get update && DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends $$missing; \
+	  else \
+	    echo "missing Debian packages:$$missing (run 'make deps' as root)" >&2; exit 1; \
+	  fi; \
+	fi
+
+$(BUILD)/build.ninja: CMakeLists.txt | deps
+	cmake -S . -B $(BUILD) -G Ninja -DCMAKE_BUILD_TYPE=$(CMAKE_BUILD_TYPE)
+
+configure: deps $(BUILD)/build.ninja
+
+build: configure
+	cmake --build $(BUILD) -j $(JOBS)
+
+test: build
+	ctest --test-dir $(BUILD) --output-on-failure -j $(JOBS)
+
+bench: build
+	cmake --build $(BUILD) -j $(JOBS) --target benchmarks
+
+clean:
+	rm -rf $(BUILD)

@@ -1,0 +1,8 @@
+# Outside libraries. Only src/platform includes their headers; the list is
+# linked into the library as a whole.
+find_package(PkgConfig REQUIRED)
+pkg_check_modules(GIO REQUIRED IMPORTED_TARGET gio-2.0)
+find_package(SQLite3 REQUIRED)
+find_package(fmt REQUIRED)
+
+set(FORMKIT_PLATFORM_LIBS PkgConfig::GIO SQLite::SQLite3 fmt::fmt)

@@ -1,0 +1,23 @@
+// Marshalling of export arguments and results.
+#pragma once
+
+#include <string>
+#include <utility>
+
+#include "platform/app/module_guard.h"
+
+// A text argument as the logic takes it: a null pointer reads as empty.
+inline std::string TextArg(const char* text) { return text ? std::string(text) : std::string(); }
+
+// An export that returns text: its static `slot` is emptied, then filled by
+// `body` inside the module guard, and stays valid until the same export is
+// called again. A failure leaves it empty.
+template <typename Body>
+const char* GuardedText(const char* exportName, std::string& slot, Body&& body) {
+  slot.clear();
+  fk::GuardedCall(exportName, 0, [&] {
+    slot = std::forward<Body>(body)();
+    return 0;
+  });
+  return slot.c_str();
+}

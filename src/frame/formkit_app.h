@@ -1,0 +1,48 @@
+// The application object: the module's settings and session values, from
+// module load to unload. One instance, theApp.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "platform/app/app_base.h"
+
+class CFormkitApp : public fk::AppBase {
+ public:
+  CFormkitApp();
+
+  // Opens the apartment, moves the profile under "Orvex" and loads the
+  // eight settings from the "Shared" profile.
+  bool InitInstance() override;
+  // The eight settings of section "Setup"; each keeps its present value
+  // when the registry has none.
+  void LoadSettings();
+  // Changes the profile name to `name`, or, with none, to the name of the
+  // product whose script runs in the host; then loads the settings again.
+  void SwitchProfile(const char* name);
+  // The host session's Connect (it works on g_CartomaDriver).
+  int Connect(std::int32_t dispatch, int checkApp);
+
+  std::string m_strProduct;
+  std::string m_strGroupKey;
+  std::string m_strAliasKey;
+  std::string m_strDXFSelectionFile = "c:\\Selection.dxf";
+  std::string m_strLogOGBFile;
+  int m_bUseNameAlias = 0;
+  int m_nViewerProcessID = 0;
+  int m_nPointSize = 5;
+  int m_nGridCompression = 30;
+  int m_nRasterScaling = 2;
+  int m_bCartomaParent = 0;
+  int m_bGridClipping = 1;
+  int m_nTransparency = 0;
+  std::string m_strPreferredProj;
+  std::string m_strPreferredProjDesc;
+  int m_bShowHelp = 0;
+  int m_bProjMapping = 0;
+  int m_nImageLoadOption = 0;
+  std::string m_strTempDirectory;
+  std::string m_strInstallationID;
+};
+
+extern CFormkitApp theApp;

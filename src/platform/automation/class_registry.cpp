@@ -1,0 +1,68 @@
+#include "platform/automation/class_registry.h"
+
+#include <strings.h>
+
+
+namespace fk {
+
+bool ClassRegistry::NoCase::operator()(const std::string& a, const std::string& b) const {
+  return strcasecmp(a.c_str(), b.c_str()) < 0;
+}
+
+ClassRegistry& ClassRegistry::Instance() {
+  static ClassRegistry registry;
+  return registry;
+}
+
+void ClassRegistry::RegisterClass(const std::string& progId, Factory factory) {
+  std::lock_guard lock(m_mutex);
+  m_classes[progId] = std::move(factory);
+}
+
+void ClassRegistry::RevokeClass(const std::string& progId) {
+  std::lock_guard lock(m_mutex);
+  m_classes.erase(progId);
+}
+
+void ClassRegistry::RegisterActiveObject(const std::string& progId, DispatchPtr object) {
+  std::lock_guard lock(m_mutex);
+  m_active[progId] = std::move(object);
+}
+
+void ClassRegistry::RevokeActiveObject(const std::string& progId) {
+  std::lock_guard lock(m_mutex);
+  m_active.erase(progId);
+}
+
+void ClassRegistry::SetRemote(std::shared_ptr<RemoteClasses> remote) {
+  std::lock_guard lock(m_mutex);
+  m_remote = std::move(remote);
+  m_bRemoteChosen = true;
+}
+
+std::shared_ptr<RemoteClasses> ClassRegistry::Remote() {
+  std::lock_guard lock(m_mutex);
+  return m_remote;
+}
+
+DispatchPtr ClassRegistry::GetActiveObject(const std::string& progId) {
+  {
+    std::lock_guard lock(m_mutex);
+    if (auto it = m_active.find(progId); it != m_active.end()) return it->second;
+  }
+  auto remote = Remote();
+  return remote ? remote->GetActiveObject(progId) : nullptr;
+}
+
+DispatchPtr ClassRegistry::CreateObject(const std::string& progId) {
+  Factory factory;
+  {
+    std::lock_guard lock(m_mutex);
+    if (auto it = m_classes.find(progId); it != m_classes.end()) factory = it->second;
+  }
+  if (factory) return factory();
+  auto remote = Remote();
+  return remote ? remote->CreateObject(progId) : nullptr;
+}
+
+}  // namespace fk

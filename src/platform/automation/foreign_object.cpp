@@ -1,0 +1,161 @@
+#include "platform/automation/foreign_object.h"
+
+#include <vector>
+
+#include "platform/automation/exceptions.h"
+#include "platform/automation/safe_array.h"
+
+namespace fk {
+namespace {
+
+class ForeignObject final : public Dispatch {
+ public:
+  explicit ForeignObject(const fk_object& object) : m_object(object) {}
+  ~ForeignObject() override {
+    if (m_object.release) m_object.release(m_object.self);
+  }
+
+  Variant Invoke(std::int32_t dispid, std::uint16_t flags, std::span<Variant> args) override {
+    std::vector<fk_value> views(args.size());
+    std::vector<fk_value*> pointers(args.size());
+    for (std::size_t i = 0; i < args.size(); ++i) {
+      views[i].view = &args[i];
+      views[i].target = &args[i];
+      pointers[i] = &views[i];
+    }
+    Variant result;
+    fk_value resultView;
+    resultView.view = &result;
+    resultView.target = &result;
+    fk_error error;
+    const int status = m_object.invoke(m_object.self, dispid, flags, pointers.data(),
+                                       static_cast<std::int32_t>(pointers.size()), &resultView, &error);
+    if (status != 0 || error.failed)
+      throw DispatchException(error.description.empty() ? "The host reported a failure." : error.description);
+    return result;
+  }
+
+ private:
+  fk_object m_object;
+};
+
+}  // namespace
+
+DispatchPtr MakeForeignObject(const fk_object& object) { return std::make_shared<ForeignObject>(object); }
+
+}  // namespace fk
+
+// ------------------------------------------------------------------ the C view of values
+namespace {
+
+template <typename T, typename F>
+T ReadOr(const fk_value* value, T fallback, F read) {
+  if (!value || !value->view) return fallback;
+  try {
+    return read(*value->view);
+  } catch (const fk::Exception&) {
+    return fallback;
+  }
+}
+
+template <typename F>
+int Write(fk_value* value, F make) {
+  if (!value || !value->target) return 0;
+  try {
+    fk::Variant made = make();
+    if (value->target->IsByRef())
+      value->target->Assign(made);
+    else
+      *value->target = std::move(made);
+    return 1;
+  } catch (const fk::Exception&) {
+    return 0;
+  }
+}
+
+const fk::SafeArray* ArrayOf(const fk_value* value) {
+  return ReadOr<const fk::SafeArray*>(value, nullptr, [](const fk::Variant& v) { return &v.ToArray(); });
+}
+
+}  // namespace
+
+extern "C" {
+
+uint16_t fk_value_type(const fk_value* value) { return value && value->view ? value->view->Type() : 0; }
+
+int32_t fk_value_int(const fk_value* value) {
+  return ReadOr<int32_t>(value, 0, [](const fk::Variant& v) { return v.ToInt(); });
+}
+
+int fk_value_bool(const fk_value* value) {
+  return ReadOr<int>(value, 0, [](const fk::Variant& v) { return v.ToBool() ? 1 : 0; });
+}
+
+double fk_value_double(const fk_value* value) {
+  return ReadOr<double>(value, 0.0, [](const fk::Variant& v) { return v.ToDouble(); });
+}
+
+const char* fk_value_text(const fk_value* value) {
+  if (!value) return "";
+  auto* self = const_cast<fk_value*>(value);
+  self->text = ReadOr<std::string>(value, {}, [](const fk::Variant& v) { return v.ToText(); });
+  return self->text.c_str();
+}
+
+uint16_t fk_value_array_element_type(const fk_value* value) {
+  const fk::SafeArray* array = ArrayOf(value);
+  return array ? array->ElementType() : 0;
+}
+
+int32_t fk_value_array_lower_bound(const fk_value* value) {
+  const fk::SafeArray* array = ArrayOf(value);
+  return array ? array->LowerBound() : 0;
+}
+
+int32_t fk_value_array_count(const fk_value* value) {
+  const fk::SafeArray* array = ArrayOf(value);
+  return array ? static_cast<int32_t>(array->Count()) : 0;
+}
+
+const fk_value* fk_value_array_element(const fk_value* value, int32_t index) {
+  const fk::SafeArray* array = ArrayOf(value);
+  if (!array || index < array->LowerBound() || index > array->UpperBound()) return nullptr;
+  auto* self = const_cast<fk_value*>(value);
+  fk_value& element = self->elements.emplace_back();
+  element.view = &array->At(index);
+  return &element;
+}
+
+int fk_value_set_empty(fk_value* value) {
+  return Write(value, [] { return fk::Variant(); });
+}
+
+int fk_value_set_int(fk_value* value, int32_t number) {
+  return Write(value, [&] { return fk::Variant::Int(number); });
+}
+
+int fk_value_set_bool(fk_value* value, int flag) {
+  return Write(value, [&] { return fk::Variant::Bool(flag != 0); });
+}
+
+int fk_value_set_double(fk_value* value, double number) {
+  return Write(value, [&] { return fk::Variant::Double(number); });
+}
+
+int fk_value_set_text(fk_value* value, const char* text) {
+  return Write(value, [&] { return fk::Variant::Text(text ? text : ""); });
+}
+
+int fk_value_set_object(fk_value* value, const fk_object* object) {
+  return Write(value, [&] {
+    return fk::Variant::Object(object && object->invoke ? fk::MakeForeignObject(*object) : nullptr);
+  });
+}
+
+void fk_fail(fk_error* error, const char* description) {
+  if (!error) return;
+  error->failed = true;
+  error->description = description ? description : "";
+}
+
+}  // extern "C"

@@ -1,0 +1,255 @@
+// The host session against the scripted host: connections, statements,
+// expressions, the product script and its variables.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "host/cartoma.h"
+#include "platform/automation/class_registry.h"
+#include "platform/automation/exceptions.h"
+#include "support/scripted_host.h"
+#include "support/session_fixture.h"
+
+using ::testing::ElementsAre;
+
+namespace {
+
+class CartomaTest : public SessionTest {
+ protected:
+  // The application check that the application object would install.
+  void SetUp() override {
+    SessionTest::SetUp();
+    g_Cartoma.SetApplicationCheck([this] {
+      ++m_nChecks;
+      g_Cartoma.FindApplicationScript();
+    });
+  }
+  void TearDown() override {
+    g_Cartoma.SetApplicationCheck(nullptr);
+    SessionTest::TearDown();
+  }
+  int m_nChecks = 0;
+};
+
+TEST_F(CartomaTest, ConnectBorrowsTheScriptsObjectAndChecksTheApplicationOnce) {
+  ScriptedHost host;
+  host.AddScript("terravik.cbx");
+  ASSERT_EQ(g_Cartoma.Connect(host.Handle(), 1), 1);
+  EXPECT_EQ(m_nChecks, 1);
+  EXPECT_FALSE(g_CartomaDriver.AutoRelease());
+  EXPECT_FALSE(host.Visible()) << "Visible is set only on a host found by its ProgID";
+
+  // Connecting again with the same object: nothing is asked, nothing checked.
+  host.ClearTranscript();
+  EXPECT_EQ(g_Cartoma.Connect(host.Handle(), 1), 1);
+  EXPECT_EQ(m_nChecks, 1);
+  EXPECT_TRUE(host.Transcript().empty());
+
+  // Borrowed, not owned: when the host withdraws its object, the library
+  // holds no reference that keeps it alive.
+  host.Revoke();
+  EXPECT_EQ(host.Releases(), 1);
+  EXPECT_THROW(g_CartomaDriver.InvokeMethod(0x6001000B, {fk::Variant::Text("x")}), fk::OleException);
+}
+
+TEST_F(CartomaTest, ConnectWithAnotherObjectSwapsTheDriverWithoutACheck) {
+  ScriptedHost first, second;
+  ASSERT_EQ(g_Cartoma.Connect(first.Handle(), 1), 1);
+  ASSERT_EQ(m_nChecks, 1);
+  EXPECT_EQ(g_Cartoma.Connect(second.Handle(), 1), 1);
+  EXPECT_EQ(m_nChecks, 1);
+  g_Cartoma.Do("Close All");
+  EXPECT_THAT(second.Statements(), ElementsAre("Do: Close All"));
+  EXPECT_TRUE(first.Statements().empty());
+}
+
+TEST_F(CartomaTest, ConnectWithoutAHandleFindsTheRunningHostAndMakesItVisible) {
+  ScriptedHost running;
+  running.RegisterAsRunning();
+  bool created = false;
+  fk::ClassRegistry::Instance().RegisterClass("Cartoma.Application", [&] {
+    created = true;
+    return fk::DispatchPtr();
+  });
+  EXPECT_EQ(g_Cartoma.Connect(0, 0), 1);
+  EXPECT_FALSE(created) << "a running host must not be started a second time";
+  EXPECT_TRUE(g_CartomaDriver.AutoRelease());
+  EXPECT_TRUE(running.Visible());
+  EXPECT_EQ(m_nChecks, 0);
+  fk::ClassRegistry::Instance().RevokeClass("Cartoma.Application");
+}
+
+TEST_F(CartomaTest, ConnectFailsWithNoHostToFindOrCreate) {
+  EXPECT_EQ(g_Cartoma.Connect(0, 1), 0);
+  EXPECT_FALSE(g_CartomaDriver.IsAttached());
+  EXPECT_EQ(m_nChecks, 0);
+}
+
+TEST_F(CartomaTest, ConnectRefusesAHandleNobodyRegistered) {
+  EXPECT_EQ(g_Cartoma.Connect(0x7abc, 1), 0);
+  EXPECT_NE(g_Cartoma.m_strLastError.find("31420"), std::string::npos) << "the message names the handle";
+  EXPECT_FALSE(g_CartomaDriver.IsAttached());
+}
+
+TEST_F(CartomaTest, FailingDoKeepsTheHostsTextAndLeavesTheSessionUsable) {
+  ScriptedHost host;
+  host.Answers().Fail("Alter Table Nowhere", "Table Nowhere is not open");
+  ASSERT_EQ(g_Cartoma.Connect(host.Handle(), 0), 1);
+
+  int error = -1;
+  EXPECT_EQ(g_Cartoma.Do("Alter Table Nowhere", 1, &error), 0);
+  EXPECT_EQ(error, 1);
+  EXPECT_EQ(g_Cartoma.m_strLastError, "Table Nowhere is not open");
+  EXPECT_EQ(g_bInStatement, 0);
+
+  EXPECT_EQ(g_Cartoma.Do("Set ProgressBars On", 1, &error), 1);
+  EXPECT_EQ(error, 0);
+  EXPECT_EQ(g_Cartoma.m_strLastError, "Table Nowhere is not open") << "a success never clears the last error";
+  EXPECT_EQ(g_strCartomaLastError, "") << "the session's failures are not the direct exports' failures";
+  EXPECT_THAT(host.Statements(), ElementsAre("Do: Alter Table Nowhere", "Do: Set ProgressBars On"));
+}
+
+TEST_F(CartomaTest, FailingEvalGivesEmptyTextAndSetsTheError) {
+  ScriptedHost host;
+  host.Answers().Answer("NumTables()", "3");
+  host.Answers().Fail("TableInfo(9, 1)", "Table not found");
+  ASSERT_EQ(g_Cartoma.Connect(host.Handle(), 0), 1);
+
+  int error = -1;
+  EXPECT_EQ(g_Cartoma.Eval("NumTables()", &error), "3");
+  EXPECT_EQ(error, 0);
+  EXPECT_EQ(g_Cartoma.Eval("TableInfo(9, 1)", &error), "");
+  EXPECT_EQ(error, 1);
+  EXPECT_EQ(g_Cartoma.m_strLastError, "Table not found");
+}
+
+TEST_F(CartomaTest, EvalTurnsAFailedCallIntoTheFrameworksMessage) {
+  ScriptedHost host;
+  ASSERT_EQ(g_Cartoma.Connect(host.Handle(), 0), 1);
+  host.Revoke();  // the borrowed object is gone: the call itself fails
+  int error = 0;
+  EXPECT_EQ(g_Cartoma.Eval("NumTables()", &error), "");
+  EXPECT_EQ(error, 1);
+  EXPECT_FALSE(g_Cartoma.m_strLastError.empty());
+  // Do catches only the host's own failures.
+  EXPECT_THROW(g_Cartoma.Do("Close All"), fk::OleException);
+}
+
+TEST_F(CartomaTest, DoOnANeverConnectedSessionSendsNothingAndSucceeds) {
+  int error = -1;
+  EXPECT_EQ(g_Cartoma.Do("Close All", 1, &error), 1);
+  EXPECT_EQ(error, 0);
+  EXPECT_EQ(g_Cartoma.Eval("NumTables()"), "");
+}
+
+TEST_F(CartomaTest, DeferredStatementsQueueByGroupAndSendNothing) {
+  ScriptedHost host;
+  ASSERT_EQ(g_Cartoma.Connect(host.Handle(), 0), 1);
+  g_bDeferStatements = 1;
+  int error = 7;
+  EXPECT_EQ(g_Cartoma.Do("a1", 0, &error, 5), 1);
+  EXPECT_EQ(error, 7) << "a queued statement leaves the error untouched";
+  g_Cartoma.Do("b1", 0, nullptr, 0);
+  g_Cartoma.Do("a2", 0, nullptr, 5);
+  g_Cartoma.Do("c1", 0, nullptr, 9);
+  g_Cartoma.Do("b2", 0, nullptr, 0);
+  g_Cartoma.Do("a3", 0, nullptr, 5);
+  EXPECT_THAT(g_DeferredStatements, ElementsAre("b1", "c1", "b2", "a3"));
+  EXPECT_THAT(g_DeferredKeys, ElementsAre(0u, 9u, 0u, 5u));
+  EXPECT_TRUE(host.Statements().empty());
+
+  // Immediate statements still go at once.
+  g_Cartoma.Do("Close All", 1);
+  EXPECT_THAT(host.Statements(), ElementsAre("Do: Close All"));
+  EXPECT_EQ(QueueDeferredStatement("d1", 9), 3) << "the queue answers the statement's index";
+}
+
+TEST_F(CartomaTest, TheMemoAnswersRepeatedExpressionsIgnoringCase) {
+  ScriptedHost host;
+  host.Answers().AnswerInTurn("NumTables()", {"3", "4"});
+  ASSERT_EQ(g_Cartoma.Connect(host.Handle(), 0), 1);
+
+  EXPECT_EQ(g_Cartoma.Eval("NumTables()"), "3");
+  EXPECT_EQ(g_Cartoma.Eval("NumTables()"), "4") << "the memo is off by default";
+
+  g_Cartoma.m_bEvalCacheOn = 1;
+  host.Answers().AnswerInTurn("NumTables()", {"5", "6"});
+  host.ClearTranscript();
+  EXPECT_EQ(g_Cartoma.Eval("NumTables()"), "5");
+  EXPECT_EQ(g_Cartoma.Eval("NUMTABLES()"), "5");
+  EXPECT_EQ(host.Statements().size(), 1u);
+  EXPECT_EQ(g_Cartoma.m_nEvalCacheCount, 1);
+
+  // A failure is not remembered.
+  host.Answers().Fail("Bad(", "Syntax error");
+  g_Cartoma.Eval("Bad(");
+  EXPECT_EQ(g_Cartoma.m_nEvalCacheCount, 1);
+}
+
+TEST_F(CartomaTest, TheMemoKeepsAtMostItsSlotsAndBoundsLongTexts) {
+  ScriptedHost host;
+  host.Answers().OnEval([](const std::string& e) { return std::optional<std::string>(e + "=" + std::string(600, 'v')); });
+  ASSERT_EQ(g_Cartoma.Connect(host.Handle(), 0), 1);
+  g_Cartoma.m_bEvalCacheOn = 1;
+  for (int i = 0; i < EVAL_CACHE_SLOTS + 20; ++i) g_Cartoma.Eval("x" + std::to_string(i));
+  EXPECT_EQ(g_Cartoma.m_nEvalCacheCount, EVAL_CACHE_SLOTS);
+  EXPECT_EQ(std::string(g_Cartoma.m_EvalCache[0].value).size(), 499u);
+}
+
+TEST_F(CartomaTest, FindApplicationScriptAsksInTheProductOrder) {
+  ScriptedHost host;
+  host.AddScript("zelvar.cbx");
+  host.AddScript("utilities.cbx");
+  ASSERT_EQ(g_Cartoma.Connect(host.Handle(), 0), 1);
+  host.ClearTranscript();
+  EXPECT_EQ(g_Cartoma.FindApplicationScript(), 1);
+  EXPECT_EQ(g_Cartoma.m_nProductVariant, 1);
+  EXPECT_EQ(g_Cartoma.m_bTerravikScript, 0);
+  EXPECT_THAT(host.Transcript(),
+              ElementsAre("CBXApplications", "CBXApplications.Item: terravik.cbx",
+                          "CBXApplications.Item: zelvar3d.cbx", "CBXApplications.Item: zelvar.cbx",
+                          "zelvar.cbx CBXGlobals"));
+
+  host.ClearTranscript();
+  EXPECT_EQ(g_Cartoma.FindApplicationScript(), 1);
+  EXPECT_TRUE(host.Transcript().empty()) << "a found script is not searched again";
+}
+
+TEST_F(CartomaTest, UtilitiesScriptMeansVigilprofiler) {
+  ScriptedHost host;
+  host.AddScript("utilities.cbx");
+  ASSERT_EQ(g_Cartoma.Connect(host.Handle(), 0), 1);
+  EXPECT_EQ(g_Cartoma.FindApplicationScript(), 1);
+  EXPECT_EQ(g_Cartoma.m_nProductVariant, 3);
+}
+
+TEST_F(CartomaTest, NoProductScriptLeavesTheVariantAndGivesNoDirectory) {
+  ScriptedHost host;
+  host.AddScript("other.cbx").SetGlobal("TerviDir", "/opt/other");
+  ASSERT_EQ(g_Cartoma.Connect(host.Handle(), 0), 1);
+  g_Cartoma.m_nProductVariant = 2;
+  EXPECT_EQ(g_Cartoma.FindApplicationScript(), 0);
+  EXPECT_EQ(g_Cartoma.m_nProductVariant, 2);
+  EXPECT_EQ(g_Cartoma.GetTerviDir(), "");
+
+  ScriptedHost bare;
+  bare.WithoutScripts();
+  ASSERT_EQ(g_Cartoma.Connect(bare.Handle(), 0), 1);
+  EXPECT_EQ(g_Cartoma.FindApplicationScript(), 0);
+}
+
+TEST_F(CartomaTest, ScriptVariablesAndQuestionsGoToTheFoundScript) {
+  ScriptedHost host;
+  ScriptedScript& script = host.AddScript("zelvar3d.cbx");
+  script.SetGlobal("TerviDir", "/opt/zelvar3d");
+  script.Answers().Answer("LAST PROJECTION NICENAME", "UTM 55");
+  ASSERT_EQ(g_Cartoma.Connect(host.Handle(), 1), 1);
+
+  int error = -1;
+  EXPECT_EQ(g_Cartoma.GetTerviDir(), "/opt/zelvar3d");
+  EXPECT_EQ(g_Cartoma.GetCBXVariable("Missing", &error), "");
+  EXPECT_EQ(error, 0) << "a missing variable is no error";
+  EXPECT_EQ(g_Cartoma.ScriptEval("LAST PROJECTION NICENAME", &error), "UTM 55");
+  EXPECT_EQ(error, 0);
+}
+
+}  // namespace

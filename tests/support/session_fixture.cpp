@@ -1,0 +1,74 @@
+#include "support/session_fixture.h"
+
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "host/cartoma.h"
+
+namespace {
+std::string MakeTempFolder() {
+  std::string pattern = (std::filesystem::temp_directory_path() / "formkit-test-XXXXXX").string();
+  if (!mkdtemp(pattern.data())) throw std::runtime_error("mkdtemp failed");
+  return pattern;
+}
+}  // namespace
+
+ScopedFolder::ScopedFolder() : m_path(MakeTempFolder()) {}
+
+ScopedFolder::~ScopedFolder() {
+  std::error_code ec;
+  std::filesystem::remove_all(m_path, ec);
+}
+
+std::string ScopedFolder::Write(const std::string& name, const std::string& content) const {
+  const std::filesystem::path path = std::filesystem::path(m_path) / name;
+  std::filesystem::create_directories(path.parent_path());
+  std::ofstream(path, std::ios::binary) << content;
+  return path.string();
+}
+
+ScopedRegistry::ScopedRegistry() : m_folder(MakeTempFolder()) {
+  if (const char* previous = std::getenv("FORMKIT_REGISTRY_DIR")) {
+    m_previous = previous;
+    m_bHadPrevious = true;
+  }
+  setenv("FORMKIT_REGISTRY_DIR", m_folder.c_str(), 1);
+}
+
+ScopedRegistry::~ScopedRegistry() {
+  if (m_bHadPrevious)
+    setenv("FORMKIT_REGISTRY_DIR", m_previous.c_str(), 1);
+  else
+    unsetenv("FORMKIT_REGISTRY_DIR");
+  std::error_code ec;
+  std::filesystem::remove_all(m_folder, ec);
+}
+
+void ResetSession() {
+  g_CartomaDriver.ReleaseDispatch();
+  g_Cartoma.m_ScriptApp.ReleaseDispatch();
+  g_Cartoma.m_ScriptGlobals.ReleaseDispatch();
+  g_Cartoma.m_strLastError.clear();
+  g_Cartoma.m_nProductVariant = 0;
+  g_Cartoma.m_bTerravikScript = 1;
+  g_Cartoma.m_bEvalCacheOn = 0;
+  g_Cartoma.m_nEvalCacheCount = 0;
+  std::memset(g_Cartoma.m_EvalCache, 0, sizeof g_Cartoma.m_EvalCache);
+  g_strCartomaLastError.clear();
+  g_bDeferStatements = 0;
+  g_DeferredStatements.clear();
+  g_DeferredKeys.clear();
+}
+
+void SessionTest::SetUp() { ResetSession(); }
+void SessionTest::TearDown() { ResetSession(); }
+
+std::string ReadFile(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  std::stringstream content;
+  content << in.rdbuf();
+  return content.str();
+}

@@ -1,0 +1,114 @@
+// The application object: the product name, the eight settings and where
+// they are read from, and the profile switch that follows the product
+// script found in the host.
+#include <gtest/gtest.h>
+
+#include "formkit/formkit.h"
+#include "frame/formkit_app.h"
+#include "host/cartoma.h"
+#include "platform/registry/registry.h"
+#include "support/scripted_host.h"
+#include "support/session_fixture.h"
+
+namespace {
+
+constexpr fk::Hive kUser = fk::Hive::CurrentUser;
+
+class FormkitAppTest : public SessionTest {
+ protected:
+  void SetUp() override {
+    SessionTest::SetUp();
+    // The fields as module load leaves them with an empty registry.
+    theApp.m_strGroupKey.clear();
+    theApp.m_strAliasKey.clear();
+    theApp.m_bUseNameAlias = 0;
+    theApp.m_strDXFSelectionFile = "c:\\Selection.dxf";
+    theApp.m_bShowHelp = 0;
+    theApp.m_strPreferredProj.clear();
+    theApp.m_strPreferredProjDesc.clear();
+    theApp.m_bProjMapping = 0;
+    theApp.InitInstance();
+  }
+};
+
+TEST_F(FormkitAppTest, TheProductNameSelectsTheVariantIgnoringCase) {
+  EXPECT_EQ(InitFormkitInstance("zelvar3d"), 1);
+  EXPECT_EQ(g_Cartoma.m_nProductVariant, 2);
+  EXPECT_EQ(theApp.m_strProduct, "zelvar3d");
+  EXPECT_EQ(InitFormkitInstance("ZELVAR"), 1);
+  EXPECT_EQ(g_Cartoma.m_nProductVariant, 1);
+  EXPECT_EQ(InitFormkitInstance("Vigilprofiler"), 1);
+  EXPECT_EQ(g_Cartoma.m_nProductVariant, 3);
+  EXPECT_EQ(InitFormkitInstance("Terravik3D"), 1) << "an unknown name is no error";
+  EXPECT_EQ(g_Cartoma.m_nProductVariant, 3);
+  EXPECT_EQ(theApp.m_strProduct, "Terravik3D");
+  EXPECT_EQ(InitFormkitInstance(nullptr), 1);
+  EXPECT_EQ(SetInstallationID("site-7"), 1);
+  EXPECT_EQ(theApp.m_strInstallationID, "site-7");
+}
+
+TEST_F(FormkitAppTest, ModuleStartReadsTheSharedProfileUnderOrvex) {
+  const char* shared = "Software\\Orvex\\Shared\\Setup";
+  fk::Registry::SetString(kUser, shared, "GroupKey", "group-1");
+  fk::Registry::SetString(kUser, shared, "dxfselectionfile", "/data/sel.dxf");
+  fk::Registry::SetDword(kUser, shared, "ShowHelp", 1);
+  fk::Registry::SetDword(kUser, shared, "ProjMapping", 1);
+  fk::Registry::SetString(kUser, shared, "PreferredProj", "CoordSys Earth Projection 1, 104");
+  fk::Registry::SetString(kUser, shared, "UseNameAlias", "1");  // not a number value: ignored
+
+  theApp.InitInstance();
+  EXPECT_EQ(theApp.RegistryKey(), "Orvex");
+  EXPECT_EQ(theApp.ProfileName(), "Shared");
+  EXPECT_EQ(theApp.m_strGroupKey, "group-1");
+  EXPECT_EQ(theApp.m_strDXFSelectionFile, "/data/sel.dxf");
+  EXPECT_EQ(theApp.m_bShowHelp, 1);
+  EXPECT_EQ(theApp.m_bProjMapping, 1);
+  EXPECT_EQ(theApp.m_strPreferredProj, "CoordSys Earth Projection 1, 104");
+  EXPECT_EQ(theApp.m_bUseNameAlias, 0);
+  EXPECT_EQ(theApp.m_strAliasKey, "");
+}
+
+TEST_F(FormkitAppTest, ConnectingFindsTheProductAndReloadsFromItsKeyKeepingWhatOnlySharedHad) {
+  fk::Registry::SetString(kUser, "Software\\Orvex\\Shared\\Setup", "AliasKey", "alias-shared");
+  fk::Registry::SetString(kUser, "Software\\Orvex\\Shared\\Setup", "GroupKey", "group-shared");
+  theApp.InitInstance();
+  fk::Registry::SetString(kUser, "Software\\Orvex\\Vigilprofiler\\Setup", "GroupKey", "group-vigil");
+  fk::Registry::SetDword(kUser, "Software\\Orvex\\Vigilprofiler\\Setup", "ShowHelp", 1);
+
+  ScriptedHost host;
+  host.AddScript("utilities.cbx");
+  InitFormkitInstance("Terravik");
+  ASSERT_EQ(ConnectToCartoma(host.Handle()), 1);
+  EXPECT_EQ(g_Cartoma.m_nProductVariant, 3);
+  EXPECT_EQ(theApp.ProfileName(), "Vigilprofiler");
+  EXPECT_EQ(theApp.m_strGroupKey, "group-vigil");
+  EXPECT_EQ(theApp.m_bShowHelp, 1);
+  EXPECT_EQ(theApp.m_strAliasKey, "alias-shared") << "a value only the first source had is kept";
+}
+
+TEST_F(FormkitAppTest, WithoutAProductScriptTheNamedProductsProfileApplies) {
+  fk::Registry::SetString(kUser, "Software\\Orvex\\Zelvar3D\\Setup", "PreferredProjDesc", "Local grid");
+  ScriptedHost host;
+  InitFormkitInstance("Zelvar3D");
+  ASSERT_EQ(ConnectToCartoma(host.Handle()), 1);
+  EXPECT_EQ(theApp.ProfileName(), "Zelvar3D");
+  EXPECT_EQ(theApp.m_strPreferredProjDesc, "Local grid");
+}
+
+TEST_F(FormkitAppTest, ConnectingWithoutTheCheckKeepsTheProfile) {
+  ScriptedHost host;
+  host.AddScript("zelvar.cbx");
+  ASSERT_EQ(ConnectToCartomaWithoutAppCheck(host.Handle()), 1);
+  EXPECT_EQ(theApp.ProfileName(), "Shared");
+  EXPECT_EQ(g_Cartoma.m_nProductVariant, 0);
+  EXPECT_TRUE(host.Transcript().empty());
+}
+
+TEST_F(FormkitAppTest, ANamedProfileSwitchReadsThatProfile) {
+  fk::Registry::SetString(kUser, "Software\\Orvex\\Custom\\Setup", "GroupKey", "group-custom");
+  theApp.SwitchProfile("Custom");
+  EXPECT_EQ(theApp.ProfileName(), "Custom");
+  EXPECT_EQ(theApp.m_strGroupKey, "group-custom");
+}
+
+}  // namespace

@@ -33,6 +33,9 @@ const char *GetCBXVariable(int32_t dispatch, const char *script, const char *var
 const char *GetCartomaTableFieldValue(int32_t dispatch, const char *table, const char *column);
 int GetProcessID(void);
 
+/* The host's files. */
+int GetCartomaPenCount(const char *file);
+
 #ifdef __cplusplus
 }
 #endif

@@ -1,0 +1,35 @@
+#include "platform/files/files.h"
+
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+
+#include "platform/paths/paths.h"
+
+namespace fk {
+
+bool FileExists(std::string_view path) {
+  std::error_code ec;
+  return std::filesystem::is_regular_file(Native(path), ec);
+}
+
+bool CopyFileOver(std::string_view source, std::string_view target) {
+  std::error_code ec;
+  return std::filesystem::copy_file(Native(source), Native(target),
+                                    std::filesystem::copy_options::overwrite_existing, ec);
+}
+
+bool RemoveFile(std::string_view path) {
+  std::error_code ec;
+  return std::filesystem::remove(Native(path), ec);
+}
+
+std::optional<std::string> ReadHead(std::string_view path, std::size_t count) {
+  std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(Native(path).c_str(), "rb"), std::fclose);
+  if (!file) return std::nullopt;
+  std::string head(count, '\0');
+  head.resize(std::fread(head.data(), 1, count, file.get()));
+  return head;
+}
+
+}  // namespace fk

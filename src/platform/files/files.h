@@ -1,0 +1,19 @@
+// Whole-file services, each through Native(): the system's copy, delete
+// and existence tests, and the head of a binary file.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace fk {
+
+bool FileExists(std::string_view path);
+// Copies `source` over `target`, replacing it; false when either side fails.
+bool CopyFileOver(std::string_view source, std::string_view target);
+bool RemoveFile(std::string_view path);
+// Up to `count` bytes from the start of the file; nothing when it can't be opened.
+std::optional<std::string> ReadHead(std::string_view path, std::size_t count);
+
+}  // namespace fk

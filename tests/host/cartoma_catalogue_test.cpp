@@ -1,0 +1,241 @@
+// The read-only questions to the host: the exact expressions, in order, and
+// how their answers are converted.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "host/cartoma.h"
+#include "support/scripted_host.h"
+#include "support/session_fixture.h"
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+namespace {
+
+class CatalogueTest : public SessionTest {
+ protected:
+  void SetUp() override {
+    SessionTest::SetUp();
+    ASSERT_EQ(g_Cartoma.Connect(m_host.Handle(), 0), 1);
+  }
+  // Two tables: Holes (mappable points) and Image (a raster).
+  void TwoTables() {
+    m_host.Answers().Answer("NumTables()", "2");
+    m_host.Answers().Answer("TableInfo(1, 1)", "Holes");
+    m_host.Answers().Answer("TableInfo(2, 1)", "Image");
+    m_host.Answers().Answer("TableInfo(1, 5)", "T");
+    m_host.Answers().Answer("TableInfo(2, 5)", "T");
+    m_host.Answers().Answer("TableInfo(1, 3)", "1");
+    m_host.Answers().Answer("TableInfo(2, 3)", "4");
+  }
+  ScriptedHost m_host;
+};
+
+TEST_F(CatalogueTest, TableListsAskInTheHostsOrderAndCountAllTables) {
+  TwoTables();
+  std::vector<std::string> names;
+  EXPECT_EQ(g_Cartoma.GetTableNames(names), 2);
+  EXPECT_THAT(names, ElementsAre("Holes", "Image"));
+  EXPECT_THAT(m_host.Statements(), ElementsAre("Eval: NumTables()", "Eval: TableInfo(1, 1)", "Eval: TableInfo(2, 1)"));
+
+  m_host.ClearTranscript();
+  std::vector<std::string> vector;
+  EXPECT_EQ(g_Cartoma.GetVectorTableNames(vector), 2) << "the count is of all tables, not of those kept";
+  EXPECT_THAT(vector, ElementsAre("Holes"));
+  EXPECT_THAT(m_host.Statements(),
+              ElementsAre("Eval: NumTables()", "Eval: TableInfo(1, 5)", "Eval: TableInfo(1, 3)",
+                          "Eval: TableInfo(1, 1)", "Eval: TableInfo(2, 5)", "Eval: TableInfo(2, 3)"));
+
+  EXPECT_EQ(g_Cartoma.ListTableNames(nullptr), 2);
+  m_host.Answers().Answer("TableInfo(2, 5)", "F");
+  std::vector<std::string> mappable;
+  g_Cartoma.GetMappableTableNames(mappable);
+  EXPECT_THAT(mappable, ElementsAre("Holes"));
+}
+
+TEST_F(CatalogueTest, NoOpenTableAsksNothingMore) {
+  m_host.Answers().Answer("NumTables()", "0");
+  std::vector<std::string> names;
+  EXPECT_EQ(g_Cartoma.GetTableNames(names), 0);
+  EXPECT_THAT(names, IsEmpty());
+  EXPECT_THAT(m_host.Statements(), ElementsAre("Eval: NumTables()"));
+  m_host.Answers().Answer("NumTables()", "");
+  EXPECT_EQ(g_Cartoma.ListTableNames(&names), 0) << "an empty answer reads as 0";
+}
+
+TEST_F(CatalogueTest, FindTableByPathComparesPathsIgnoringCase) {
+  TwoTables();
+  m_host.Answers().Answer("TableInfo(Holes, 19)", "/data/holes.tab");
+  m_host.Answers().Answer("TableInfo(Image, 19)", "/data/Image.TAB");
+  EXPECT_EQ(g_Cartoma.FindTableByPath("/DATA/IMAGE.tab"), "Image");
+  EXPECT_EQ(g_Cartoma.FindTableByPath("/data/none.tab"), "");
+}
+
+TEST_F(CatalogueTest, ColumnsAreListedByPseudoNameWithAnOptionalTypeFilter) {
+  m_host.Answers().Answer("TableInfo(Holes, 4)", "3");
+  for (int i = 1; i <= 3; ++i) {
+    m_host.Answers().Answer("ColumnInfo(Holes, COL" + std::to_string(i) + ", 1)", "C" + std::to_string(i));
+    m_host.Answers().Answer("ColumnInfo(Holes, COL" + std::to_string(i) + ", 3)", i == 2 ? "7" : "1");
+  }
+  std::vector<std::string> all;
+  EXPECT_EQ(g_Cartoma.GetColumnNames("Holes", all, 0), 3);
+  EXPECT_THAT(all, ElementsAre("C1", "C2", "C3"));
+  for (const std::string& line : m_host.Statements()) EXPECT_EQ(line.find(", 3)"), std::string::npos) << line;
+
+  std::vector<std::string> typed;
+  EXPECT_EQ(g_Cartoma.GetColumnNames("Holes", typed, 7), 3);
+  EXPECT_THAT(typed, ElementsAre("C2"));
+  EXPECT_EQ(g_Cartoma.ColumnExists("Holes", "C3"), 1);
+  EXPECT_EQ(g_Cartoma.ColumnExists("Holes", "c3"), 0) << "column names compare exactly";
+}
+
+TEST_F(CatalogueTest, TableFactsUseTheirCodesAndQuotesOnlyWhereTold) {
+  m_host.Answers().Answer("TableInfo(Holes, 8)", "120");
+  m_host.Answers().Answer("TableInfo(Holes, 29)", "CoordSys Earth Projection 1, 104");
+  m_host.Answers().Answer("TableInfo(\"Holes\", 7)", "T");
+  m_host.Answers().Answer("TableInfo(\"Image\", 7)", "t");
+  m_host.Answers().Answer("TableInfo(0, 1)", "Query1");
+  m_host.Answers().Answer("PathToTableName$(\"/data/holes.tab\")", "holes");
+  m_host.Answers().Answer("GetMetadata$(Holes, \"\\Terravik\\HoleID\")", "HOLE");
+  m_host.Answers().Answer("Holes.Depth", "12.5");
+  EXPECT_EQ(g_Cartoma.GetTableRowCount("Holes"), 120);
+  EXPECT_EQ(g_Cartoma.GetTableCoordSysClause("Holes"), "CoordSys Earth Projection 1, 104");
+  EXPECT_TRUE(g_Cartoma.IsTempTable("Holes"));
+  EXPECT_FALSE(g_Cartoma.IsTempTable("Image")) << "only exactly \"T\" is true";
+  EXPECT_EQ(g_Cartoma.GetSelectedTableName(), "Query1");
+  EXPECT_EQ(g_Cartoma.PathToTableName("/data/holes.tab"), "holes");
+  EXPECT_EQ(g_Cartoma.GetMetadata("Holes", "\\Terravik\\HoleID"), "HOLE");
+  EXPECT_EQ(g_Cartoma.GetFieldValue("Holes", "Depth"), "12.5");
+  EXPECT_EQ(g_Cartoma.GetTableType("Missing"), 0) << "a failed question reads as 0";
+  EXPECT_FALSE(g_Cartoma.m_strLastError.empty());
+}
+
+TEST_F(CatalogueTest, WindowsLayersAndSelection) {
+  m_host.Answers().Answer("FrontWindow()", "31");
+  m_host.Answers().Answer("WindowInfo(0, 3)", "1");
+  m_host.Answers().Answer("MapperInfo(31, 9)", "2");
+  m_host.Answers().Answer("LayerInfo(0, 2, 1)", "Holes");
+  m_host.Answers().Answer("LayerInfo(31, 1, 24)", "0");
+  m_host.Answers().Answer("SelectionInfo(1)", "Holes");
+  m_host.Answers().Answer("SelectionInfo(3)", "17");
+  EXPECT_EQ(g_Cartoma.GetFrontWindow(), 31);
+  EXPECT_EQ(g_Cartoma.GetWindowType(0), 1);
+  EXPECT_EQ(g_Cartoma.GetLayerCount(31), 2);
+  EXPECT_EQ(g_Cartoma.GetLayerName(2, 0), "Holes");
+  EXPECT_EQ(g_Cartoma.GetLayerType(1, 31), 0);
+  EXPECT_EQ(g_Cartoma.GetSelectionName(), "Holes");
+  EXPECT_EQ(g_Cartoma.GetSelectionCount(), 17);
+  g_bWindowGone = 0;
+  m_host.Answers().Answer("WindowInfo(99, 3)", "");
+  EXPECT_EQ(g_Cartoma.GetWindowType(99), 0);
+  EXPECT_EQ(g_bWindowGone, 1);
+}
+
+TEST_F(CatalogueTest, TheLastProjectionComesFromTheProductScript) {
+  ScriptedScript& script = m_host.AddScript("terravik.cbx");
+  script.Answers().Answer("PROJECTION SELECTION", "CoordSys Earth Projection 8, 104, \"m\", 147, 0, 0.9996, 500000, 10000000");
+  script.Answers().Answer("LAST PROJECTION NICENAME", "UTM Zone 55");
+  std::string nice;
+  EXPECT_EQ(g_Cartoma.GetLastProjection(&nice),
+            "CoordSys Earth Projection 8, 104, \"m\", 147, 0, 0.9996, 500000, 10000000");
+  EXPECT_EQ(nice, "UTM Zone 55");
+  EXPECT_THAT(m_host.Statements(), IsEmpty()) << "the host itself is asked nothing";
+}
+
+TEST_F(CatalogueTest, ObjectColourReadsTheFieldOfItsKind) {
+  auto object = [&](int type, const std::string& style, const std::string& brush) {
+    m_host.Answers().Answer("ObjectInfo(o, 1)", std::to_string(type));
+    m_host.Answers().Answer("ObjectInfo(o, 2)", style);
+    m_host.Answers().Answer("ObjectInfo(o, 3)", brush);
+    return g_Cartoma.GetObjectColor("o");
+  };
+  EXPECT_EQ(object(4, "Pen (1,2,16711680)", ""), 16711680);
+  EXPECT_EQ(object(5, "Symbol (35,255,12)", ""), 255);
+  EXPECT_EQ(object(7, "Pen (1,2,0)", "Brush (2,65280,16777215)"), 65280);
+  EXPECT_EQ(object(1, "Pen (1,2,255)", "Brush (2,65280,0)"), 65280);
+  EXPECT_EQ(object(1, "Pen (1,2,255)", ""), 255) << "no brush: the colour of the main style";
+  EXPECT_EQ(object(1, "", ""), 0);
+  EXPECT_EQ(object(3, "Pen (1)", ""), 0) << "too few fields";
+  EXPECT_EQ(object(12, "Pen (1,2,255)", "Brush (2,3,4)"), 0);
+}
+
+class NodesTest : public CatalogueTest {
+ protected:
+  void Geography(double x1, double y1, double x2, double y2) {
+    m_host.Answers().Answer("ObjectGeography(o, 1)", std::to_string(x1));
+    m_host.Answers().Answer("ObjectGeography(o, 2)", std::to_string(y1));
+    m_host.Answers().Answer("ObjectGeography(o, 3)", std::to_string(x2));
+    m_host.Answers().Answer("ObjectGeography(o, 4)", std::to_string(y2));
+  }
+  std::vector<double> xs, ys;
+};
+
+TEST_F(NodesTest, ARectangleOrTextGivesItsClosedCornerRingAndArraysAreAppendedTo) {
+  for (const char* type : {"10", "6"}) {
+    xs.clear();
+    ys.clear();
+    m_host.Answers().Answer("ObjectInfo(o, 1)", type);
+    Geography(1, 2, 3, 4);
+    EXPECT_EQ(g_Cartoma.GetObjectNodes("o", xs, ys), 1);
+    EXPECT_THAT(xs, ElementsAre(1, 1, 3, 3, 1));
+    EXPECT_THAT(ys, ElementsAre(2, 4, 4, 2, 2));
+  }
+  EXPECT_EQ(g_Cartoma.GetObjectNodes("o", xs, ys), 1);
+  EXPECT_EQ(xs.size(), 10u);
+}
+
+TEST_F(NodesTest, LinesAndPointsAndUnknownKinds) {
+  m_host.Answers().Answer("ObjectInfo(o, 1)", "3");
+  Geography(5, 6, 7, 8);
+  EXPECT_EQ(g_Cartoma.GetObjectNodes("o", xs, ys), 1);
+  EXPECT_THAT(xs, ElementsAre(5, 7));
+  EXPECT_THAT(ys, ElementsAre(6, 8));
+
+  xs.clear();
+  ys.clear();
+  m_host.Answers().Answer("ObjectInfo(o, 1)", "5");
+  EXPECT_EQ(g_Cartoma.GetObjectNodes("o", xs, ys), 1);
+  EXPECT_THAT(xs, ElementsAre(5));
+
+  m_host.Answers().Answer("ObjectInfo(o, 1)", "11");
+  EXPECT_EQ(g_Cartoma.GetObjectNodes("o", xs, ys), 0);
+  m_host.Answers().Fail("ObjectInfo(o, 1)", "Variable o not defined");
+  EXPECT_EQ(g_Cartoma.GetObjectNodes("o", xs, ys), 0);
+  EXPECT_EQ(xs.size(), 1u);
+}
+
+TEST_F(NodesTest, APolylineIsWalkedPartByPartByTheHostsErrors) {
+  // Two parts: nodes 1 to 3 in part 1, nodes 4 and 5 in part 2. The host
+  // refuses a node its part doesn't hold.
+  m_host.Answers().Answer("ObjectInfo(o, 1)", "4");
+  m_host.Answers().Answer("ObjectInfo(o, 20)", "5");
+  m_host.Answers().OnEval([](const std::string& e) -> std::optional<std::string> {
+    int part = 0;
+    long node = 0;
+    char axis = 0;
+    if (std::sscanf(e.c_str(), "ObjectNode%c(o, %d, %ld)", &axis, &part, &node) != 3) return std::nullopt;
+    if ((part == 1 && node <= 3) || (part == 2 && node >= 4 && node <= 5))
+      return std::to_string(axis == 'X' ? node * 10 : node * 100);
+    return std::nullopt;
+  });
+  EXPECT_EQ(g_Cartoma.GetObjectNodes("o", xs, ys), 1);
+  EXPECT_THAT(xs, ElementsAre(10, 20, 30, 40, 50));
+  EXPECT_THAT(ys, ElementsAre(100, 200, 300, 400, 500));
+  EXPECT_THAT(m_host.Statements(),
+              ElementsAre("Eval: ObjectInfo(o, 1)", "Eval: ObjectInfo(o, 20)", "Eval: ObjectNodeX(o, 1, 1)",
+                          "Eval: ObjectNodeY(o, 1, 1)", "Eval: ObjectNodeX(o, 1, 2)", "Eval: ObjectNodeY(o, 1, 2)",
+                          "Eval: ObjectNodeX(o, 1, 3)", "Eval: ObjectNodeY(o, 1, 3)", "Eval: ObjectNodeX(o, 1, 4)",
+                          "Eval: ObjectNodeX(o, 2, 4)", "Eval: ObjectNodeY(o, 2, 4)", "Eval: ObjectNodeX(o, 2, 5)",
+                          "Eval: ObjectNodeY(o, 2, 5)"));
+}
+
+TEST_F(NodesTest, ANodeThatNoPartHoldsIsSkipped) {
+  m_host.Answers().Answer("ObjectInfo(o, 1)", "7");
+  m_host.Answers().Answer("ObjectInfo(o, 20)", "2");
+  m_host.Answers().Answer("ObjectNodeX(o, 1, 1)", "1");
+  m_host.Answers().Answer("ObjectNodeY(o, 1, 1)", "2");
+  EXPECT_EQ(g_Cartoma.GetObjectNodes("o", xs, ys), 1) << "one pair stored is success";
+  EXPECT_THAT(xs, ElementsAre(1));
+}
+
+}  // namespace

@@ -33,6 +33,12 @@ const char *GetCBXVariable(int32_t dispatch, const char *script, const char *var
 const char *GetCartomaTableFieldValue(int32_t dispatch, const char *table, const char *column);
 int GetProcessID(void);
 
+/* Shared dialog services. `flags` holds one flag per name, in and out;
+ * `path` buffers are the caller's and must hold a full path. */
+int SelectFieldsDialog(const char **names, int32_t *flags, int32_t count);
+int OpenFileDlg(char *path, const char *default_ext, const char *file_name, const char *filter);
+int BrowseForFolder(int32_t owner, const char *title, char *path);
+
 /* The host's files. */
 int GetCartomaPenCount(const char *file);
 

@@ -7,14 +7,17 @@ namespace {
 const ProductVariantInfo kVariants[] = {
     {"Terravik", "terravik.cbx", "Software\\Orvex\\Terravik\\Setup", "Software\\Orvex\\Terravik\\Messages",
      "Software\\Orvex\\Terravik 3D\\Settings", "Orvex\\Terravik", "Terravik",
-     "-mapid %d ms-its:%s\\Terravik.chm"},
+     "-mapid %d ms-its:%s\\Terravik.chm", "-mapid %d ms-its:%s\\Terravik.chm"},
     {"Zelvar", "zelvar.cbx", "Software\\Orvex\\Zelvar\\Setup", "Software\\Orvex\\Zelvar\\Messages",
-     "Software\\Orvex\\Zelvar\\Settings", "Orvex\\Zelvar", "Zelvar", "-mapid %d ms-its:%s\\zelvar.chm"},
+     "Software\\Orvex\\Zelvar\\Settings", "Orvex\\Zelvar", "Zelvar", "-mapid %d ms-its:%s\\zelvar.chm",
+     "-mapid %d ms-its:%s\\zelvar.chm"},
     {"Zelvar3D", "zelvar3d.cbx", "Software\\Orvex\\Zelvar3D\\Setup", "Software\\Orvex\\Zelvar3D\\Messages",
-     "Software\\Orvex\\Zelvar3D\\Settings", "Orvex\\Zelvar3D", "Zelvar3D", "-mapid %d ms-its:%s\\zelvar3D.chm"},
+     "Software\\Orvex\\Zelvar3D\\Settings", "Orvex\\Zelvar3D", "Zelvar3D", "-mapid %d ms-its:%s\\zelvar3D.chm",
+     "-mapid %d ms-its:%s\\zelvar3D.chm"},
     {"Vigilprofiler", "utilities.cbx", "Software\\Orvex\\Vigilprofiler\\Setup",
      "Software\\Orvex\\Vigilprofiler\\Messages", "Software\\Orvex\\Vigilprofiler\\Settings",
-     "Orvex\\Vigilprofiler", "Vigilprofiler", "-mapid %d ms-its:%s\\vigilprofiler.chm"},
+     "Orvex\\Vigilprofiler", "Vigilprofiler", "-mapid %d ms-its:%s\\Vigilprofiler.chm",
+     "-mapid %d ms-its:%s\\vigilprofiler.chm"},
 };
 
 }  // namespace

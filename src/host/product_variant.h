@@ -17,6 +17,7 @@ struct ProductVariantInfo {
   const char* pszSettingsKey;     // registry key of 3D settings
   const char* pszAppDataFolder;   // folder under the user's application data
   const char* pszProfileName;     // the framework's profile name
+  const char* pszHelp;            // help parameters of the dialog boxes
   const char* pszCurPosHelp;      // help parameters of the cursor position box
 };
 

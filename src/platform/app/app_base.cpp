@@ -4,6 +4,19 @@
 #include <thread>
 
 namespace fk {
+namespace {
+AppBase* g_currentApp = nullptr;
+}
+
+AppBase::AppBase(std::string appName) : m_pszAppName(appName), m_pszProfileName(std::move(appName)) {
+  g_currentApp = this;
+}
+
+AppBase::~AppBase() {
+  if (g_currentApp == this) g_currentApp = nullptr;
+}
+
+AppBase* AppBase::Current() { return g_currentApp; }
 
 void AppBase::SetRegistryKey(std::string key) {
   m_pszRegistryKey = std::move(key);

@@ -13,8 +13,8 @@ namespace fk {
 
 class AppBase {
  public:
-  explicit AppBase(std::string appName) : m_pszAppName(appName), m_pszProfileName(std::move(appName)) {}
-  virtual ~AppBase() = default;
+  explicit AppBase(std::string appName);
+  virtual ~AppBase();
   AppBase(const AppBase&) = delete;
   AppBase& operator=(const AppBase&) = delete;
 
@@ -25,6 +25,10 @@ class AppBase {
   // application's name.
   void SetRegistryKey(std::string key);
   void SetProfileName(std::string name) { m_pszProfileName = std::move(name); }
+
+  // The module's application object, for the framework services that keep
+  // settings in its profile; null when there is none.
+  static AppBase* Current();
 
   const std::string& AppName() const { return m_pszAppName; }
   const std::string& RegistryKey() const { return m_pszRegistryKey; }

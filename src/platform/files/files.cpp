@@ -24,6 +24,17 @@ bool RemoveFile(std::string_view path) {
   return std::filesystem::remove(Native(path), ec);
 }
 
+std::string CurrentFolder() {
+  std::error_code ec;
+  return std::filesystem::current_path(ec).string();
+}
+
+bool SetCurrentFolder(std::string_view path) {
+  std::error_code ec;
+  std::filesystem::current_path(Native(path), ec);
+  return !ec;
+}
+
 std::optional<std::string> ReadHead(std::string_view path, std::size_t count) {
   std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(Native(path).c_str(), "rb"), std::fclose);
   if (!file) return std::nullopt;

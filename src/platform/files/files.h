@@ -13,6 +13,9 @@ bool FileExists(std::string_view path);
 // Copies `source` over `target`, replacing it; false when either side fails.
 bool CopyFileOver(std::string_view source, std::string_view target);
 bool RemoveFile(std::string_view path);
+// The process's current folder, and changing it; false when it can't be changed.
+std::string CurrentFolder();
+bool SetCurrentFolder(std::string_view path);
 // Up to `count` bytes from the start of the file; nothing when it can't be opened.
 std::optional<std::string> ReadHead(std::string_view path, std::size_t count);
 

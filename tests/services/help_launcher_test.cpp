@@ -1,0 +1,91 @@
+// The Help button: the program, its parameters per product, and the
+// message when it can't start.
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <chrono>
+#include <filesystem>
+#include <cstdlib>
+#include <thread>
+
+#include "host/cartoma.h"
+#include "services/help_launcher.h"
+#include "support/headless_fixture.h"
+#include "support/scripted_host.h"
+
+namespace {
+
+class HelpLauncherTest : public HeadlessTest {
+ protected:
+  void SetUp() override {
+    HeadlessTest::SetUp();
+    m_path = std::getenv("PATH") ? std::getenv("PATH") : "";
+    unsetenv("FORMKIT_HELP");
+  }
+  void TearDown() override {
+    setenv("PATH", m_path.c_str(), 1);
+    unsetenv("FORMKIT_HELP");
+    HeadlessTest::TearDown();
+  }
+  // A help program that writes its arguments to a file; the path of that file.
+  std::string InstallRecorder(const std::string& name) {
+    const std::string record = m_folder.Path() + "/arguments";
+    const std::string program = m_folder.Write(name, "#!/bin/sh\necho \"$#:$*\" > '" + record + ".tmp' && mv '" +
+                                                         record + ".tmp' '" + record + "'\n");
+    chmod(program.c_str(), 0755);
+    return record;
+  }
+  // The program runs on its own; wait until its record appears.
+  std::string Recorded(const std::string& record) {
+    for (int i = 0; i < 500 && !std::filesystem::exists(record); ++i)
+      std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    return ReadFile(record);
+  }
+  ScopedFolder m_folder;
+  std::string m_path;
+};
+
+TEST(HelpParametersTest, EachProductHasItsHelpFile) {
+  EXPECT_EQ(HelpParameters(0, 7083, "/opt/terravik", false), "-mapid 7083 ms-its:/opt/terravik\\Terravik.chm");
+  EXPECT_EQ(HelpParameters(2, 7085, "/opt/z3d", false), "-mapid 7085 ms-its:/opt/z3d\\zelvar3D.chm");
+  EXPECT_EQ(HelpParameters(3, 601099, "/opt/v", false), "-mapid 601099 ms-its:/opt/v\\Vigilprofiler.chm");
+  EXPECT_EQ(HelpParameters(3, 7080, "/opt/v", true), "-mapid 7080 ms-its:/opt/v\\vigilprofiler.chm");
+  EXPECT_EQ(HelpParameters(4, 7080, "/opt/v", false), "");
+}
+
+TEST_F(HelpLauncherTest, TheHelpProgramOnThePathGetsTheParameters) {
+  const std::string record = InstallRecorder("hh.exe");
+  setenv("PATH", (m_folder.Path() + ":" + m_path).c_str(), 1);
+  ScriptedHost host;
+  host.AddScript("zelvar.cbx").SetGlobal("TerviDir", "/opt/zelvar");
+  ASSERT_EQ(g_Cartoma.Connect(host.Handle(), 0), 1);
+  LaunchHelp(m_ui.Prompts(), HELP_REPROJECT);
+  EXPECT_EQ(Recorded(record), "3:-mapid 7085 ms-its:/opt/zelvar\\zelvar.chm\n");
+  EXPECT_TRUE(m_ui.Prompts().Shown().empty());
+}
+
+TEST_F(HelpLauncherTest, AVariantOutsideTheFourRunsTheProgramWithNoParameters) {
+  const std::string record = InstallRecorder("hh.exe");
+  setenv("PATH", (m_folder.Path() + ":" + m_path).c_str(), 1);
+  g_Cartoma.m_nProductVariant = 7;
+  LaunchHelp(m_ui.Prompts(), HELP_CURPOS, true);
+  EXPECT_EQ(Recorded(record), "0:\n");
+}
+
+TEST_F(HelpLauncherTest, AConfiguredViewerGetsTheTopicAndTheFile) {
+  const std::string record = InstallRecorder("help-viewer");
+  setenv("FORMKIT_HELP", (m_folder.Path() + "/help-viewer").c_str(), 1);
+  setenv("PATH", "/usr/bin:/bin", 1);
+  LaunchHelp(m_ui.Prompts(), HELP_OGB_IMPORT);
+  EXPECT_EQ(Recorded(record), "2:601098 /Terravik.chm\n") << "an empty product folder leaves the file at the root";
+}
+
+TEST_F(HelpLauncherTest, AProgramThatCantStartIsReportedWithItsParameters) {
+  setenv("PATH", "/usr/bin:/bin", 1);
+  LaunchHelp(m_ui.Prompts(), HELP_DATAMINE_EXPORT);
+  ASSERT_EQ(m_ui.Prompts().Shown().size(), 1u);
+  EXPECT_EQ(m_ui.Prompts().Shown()[0].text,
+            "Error could not execute Help.\nCommand: hh.exe -mapid 7083 ms-its:\\Terravik.chm");
+}
+
+}  // namespace

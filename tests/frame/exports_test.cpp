@@ -9,6 +9,7 @@
 #include "formkit/formkit.h"
 #include "support/formkit_library.h"
 #include "support/scripted_host.h"
+#include "support/session_fixture.h"
 
 using ::testing::ElementsAre;
 
@@ -102,6 +103,17 @@ TEST_F(ExportsTest, ConnectExportsAndTheProcessId) {
   EXPECT_EQ(connect(0), 0) << "no handle and no running host";
   EXPECT_EQ(connect(m_host.Handle()), 1);
   EXPECT_EQ(m_library.Export<decltype(GetProcessID)>("GetProcessID")(), getpid());
+}
+
+TEST_F(ExportsTest, ExportsWithoutADialogLoadNoToolkit) {
+  m_host.Answers().Answer("NumTables()", "0");
+  m_eval(m_host.Handle(), "NumTables()");
+  m_do(m_host.Handle(), "Close All");
+  m_variable(m_host.Handle(), "absent.cbx", "x");
+  const std::string maps = ReadFile("/proc/self/maps");
+  EXPECT_EQ(maps.find("libwx_"), std::string::npos);
+  EXPECT_EQ(maps.find("libgtk"), std::string::npos);
+  EXPECT_EQ(maps.find("libformkit-wx"), std::string::npos);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <strings.h>
 
+#include "platform/automation/bus_classes.h"
 
 namespace fk {
 
@@ -41,7 +42,18 @@ void ClassRegistry::SetRemote(std::shared_ptr<RemoteClasses> remote) {
 }
 
 std::shared_ptr<RemoteClasses> ClassRegistry::Remote() {
+  {
+    std::lock_guard lock(m_mutex);
+    if (m_bRemoteChosen) return m_remote;
+  }
+  // Connecting may block; it happens outside the lock, and a source set
+  // meanwhile with SetRemote wins over the one found here.
+  std::shared_ptr<RemoteClasses> sessionBus = SessionBusClasses();
   std::lock_guard lock(m_mutex);
+  if (!m_bRemoteChosen) {
+    m_remote = std::move(sessionBus);
+    m_bRemoteChosen = true;
+  }
   return m_remote;
 }
 

@@ -36,7 +36,9 @@ class ClassRegistry {
   void RevokeClass(const std::string& progId);
   void RegisterActiveObject(const std::string& progId, DispatchPtr object);
   void RevokeActiveObject(const std::string& progId);
-  // Replaces the source of objects of other processes; null for none.
+  // Replaces the source of objects of other processes; null for none. Until
+  // this is called, the session bus (SessionBusClasses) is the source, chosen
+  // on first use.
   void SetRemote(std::shared_ptr<RemoteClasses> remote);
 
   DispatchPtr GetActiveObject(const std::string& progId);

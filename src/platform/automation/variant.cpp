@@ -30,6 +30,7 @@ double TextToDouble(const std::string& text) {
 
 }  // namespace
 
+Variant Variant::Null() { return Variant(VT_NULL, std::monostate()); }
 Variant Variant::Int(std::int32_t value) { return Variant(VT_I4, value); }
 Variant Variant::Bool(bool value) { return Variant(VT_BOOL, value); }
 Variant Variant::Double(double value) { return Variant(VT_R8, value); }

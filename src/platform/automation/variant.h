@@ -36,6 +36,9 @@ class Variant {
  public:
   Variant() = default;
 
+  // The null value (type word 1): no payload, and no conversion to a number
+  // or a text. Values from other processes may carry it.
+  static Variant Null();
   static Variant Int(std::int32_t value);
   static Variant Bool(bool value);
   static Variant Double(double value);

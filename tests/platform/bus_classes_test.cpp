@@ -1,0 +1,306 @@
+// Automation across processes on a private session bus: the host session
+// against a scripted host served over the bus, values, references and
+// objects on the wire, failures, and what the server keeps for its clients.
+#include <fmt/format.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <atomic>
+
+#include "host/cartoma.h"
+#include "platform/automation/bus_classes.h"
+#include "platform/automation/bus_connection.h"
+#include "platform/automation/exceptions.h"
+#include "platform/automation/handle_table.h"
+#include "platform/automation/safe_array.h"
+#include "platform/private_bus.h"
+#include "support/scripted_host.h"
+#include "support/session_fixture.h"
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+
+namespace {
+
+using fk::SafeArray;
+using fk::Variant;
+
+// A value as text: type word, then the payload ("0003:7", "400C>0008:x",
+// "2000[C@5: 0003:7]" for an array of element type 12 from index 5).
+std::string Describe(const Variant& value) {
+  if (value.IsByRef()) return fmt::format("{:04X}>{}", value.Type(), Describe(value.Deref()));
+  if (value.Type() & fk::VT_ARRAY) {
+    const SafeArray& array = value.ToArray();
+    std::string text = fmt::format("{:04X}[{:X}@{}:", value.Type(), array.ElementType(), array.LowerBound());
+    for (const Variant& element : array.Elements()) text += " " + Describe(element);
+    return text + "]";
+  }
+  if (value.Type() == fk::VT_DISPATCH) return value.ToObject() ? "object" : "null object";
+  if (value.Type() <= fk::VT_NULL) return fmt::format("{:04X}", value.Type());
+  return fmt::format("{:04X}:{}", value.Type(), value.ToText());
+}
+
+constexpr std::int32_t kEcho = 1, kChild = 2, kWriteOuts = 3, kRaise = 4, kWrapInArray = 5;
+
+// A served object that counts live instances and notes how it was called.
+class Probe final : public fk::Dispatch {
+ public:
+  Probe() { ++s_nLive; }
+  ~Probe() override { --s_nLive; }
+  static inline std::atomic<int> s_nLive = 0;
+  std::vector<std::string> m_seen;  // the arguments of the last call, described
+  int m_nCalls = 0;
+
+  Variant Invoke(std::int32_t dispid, std::uint16_t, std::span<Variant> args) override {
+    ++m_nCalls;
+    m_seen.clear();
+    for (const Variant& arg : args) m_seen.push_back(Describe(arg));
+    switch (dispid) {
+      case kEcho: return args.empty() ? Variant() : args[0].Deref();
+      case kChild: return Variant::Object(std::make_shared<Probe>());
+      case kWriteOuts:
+        args[0].Assign(Variant::Int(args[0].ToInt() + 1));
+        args[1].Assign(Variant::Array(SafeArray::OfInts({4, 5})));
+        args[2] = Variant::Int(99);  // by value: stays on this side
+        return Variant::Bool(true);
+      case kRaise: throw fk::DispatchException("The probe says no", 7);
+      case kWrapInArray: return Variant::Array(SafeArray::OfVariants({args[0]}));
+      default: throw fk::OleException(fmt::format("The probe has no member {}.", dispid));
+    }
+  }
+};
+
+Variant Call(const fk::DispatchPtr& object, std::int32_t dispid, std::vector<Variant> args = {}) {
+  return object->Invoke(dispid, fk::DISPATCH_METHOD, args);
+}
+
+// The error name a raw call gets from the probe's server, or "accepted".
+std::string Answer(GDBusConnection* connection, const char* path, const char* method, const char* parameters) {
+  GError* error = nullptr;
+  GVariant* reply = g_dbus_connection_call_sync(connection, "Test.Probe", path, fk::bus::kInterface, method,
+                                                g_variant_new_parsed(parameters), nullptr,
+                                                G_DBUS_CALL_FLAGS_NONE, -1, nullptr, &error);
+  if (reply) g_variant_unref(reply);
+  if (!error) return "accepted";
+  const fk::bus::OwnedError owned(error);
+  const fk::bus::OwnedText name(g_dbus_error_get_remote_error(error));
+  return name ? name.get() : error->message;
+}
+
+class BusTest : public SessionTest {
+ protected:
+  void SetUp() override {
+    SessionTest::SetUp();
+    if (!m_bus.IsUp()) GTEST_SKIP() << "dbus-daemon is not installed; the bus tests need a bus of their own";
+    m_classes = fk::SessionBusClasses();
+    ASSERT_TRUE(m_classes) << "the private bus can't be reached";
+    fk::ClassRegistry::Instance().SetRemote(m_classes);
+  }
+  void TearDown() override {
+    ResetSession();
+    fk::ClassRegistry::Instance().SetRemote(nullptr);
+    StopServing();
+    SessionTest::TearDown();
+  }
+
+  fk::BusServer& Publish(const std::string& name, fk::DispatchPtr object) {
+    std::unique_ptr<fk::BusServer> server;
+    std::string error;
+    m_serving.Run([&] { server = fk::BusServer::Publish(name, std::move(object), &error); });
+    if (!server) throw std::runtime_error("publishing failed: " + error);
+    return *m_servers.emplace_back(std::move(server));
+  }
+  void StopServing() {
+    m_serving.Run([this] { m_servers.clear(); });
+  }
+  // Round trips through the bus to the server behind `object` until
+  // `condition` holds: each one arrives after what the bus queued before it.
+  static bool PumpUntil(const fk::DispatchPtr& object, const std::function<bool()>& condition) {
+    for (int i = 0; i < 1000 && !condition(); ++i) Call(object, kEcho);
+    return condition();
+  }
+
+  PrivateBus m_bus;
+  ServingThread m_serving;
+  std::vector<std::unique_ptr<fk::BusServer>> m_servers;
+  std::shared_ptr<fk::RemoteClasses> m_classes;
+};
+
+TEST_F(BusTest, TheHostSessionRunsOverTheBus) {
+  ScriptedHost host;
+  host.AddScript("utilities.cbx");
+  host.Answers().Answer("NumTables()", "3");
+  host.Answers().Fail("Bad(", "Syntax error in Bad(");
+  Publish("Cartoma.Application", fk::HandleTable::Instance().Find(host.Handle()));
+
+  ASSERT_EQ(g_Cartoma.Connect(0, 1), 1);
+  EXPECT_TRUE(host.Visible());
+  EXPECT_EQ(g_Cartoma.m_nProductVariant, 3) << "found through the collection and script objects the host gave out";
+
+  int error = -1;
+  EXPECT_EQ(g_Cartoma.Eval("NumTables()", &error), "3");
+  EXPECT_EQ(error, 0);
+  EXPECT_EQ(g_Cartoma.Eval("Bad(", &error), "");
+  EXPECT_EQ(error, 1);
+  EXPECT_EQ(g_Cartoma.Do("Bad(", 1, &error), 0) << "the host's failure must arrive as DispatchException";
+  EXPECT_EQ(g_Cartoma.m_strLastError, "Syntax error in Bad(");
+  EXPECT_THAT(host.Transcript(),
+              ElementsAre("Visible = true", "CBXApplications", "CBXApplications.Item: terravik.cbx",
+                          "CBXApplications.Item: zelvar3d.cbx", "CBXApplications.Item: zelvar.cbx",
+                          "CBXApplications.Item: utilities.cbx", "utilities.cbx CBXGlobals", "Eval: NumTables()",
+                          "Eval: Bad(", "Do: Bad("));
+}
+
+TEST_F(BusTest, ANameWithoutAnOwnerGivesNoObject) {
+  EXPECT_EQ(m_classes->GetActiveObject("Cartoma.Application"), nullptr);
+  EXPECT_EQ(m_classes->CreateObject("Cartoma.Application"), nullptr) << "no service is installed for the name";
+  EXPECT_EQ(m_classes->GetActiveObject("not a bus name"), nullptr);
+  EXPECT_EQ(g_Cartoma.Connect(0, 1), 0);
+  EXPECT_FALSE(g_CartomaDriver.IsAttached());
+}
+
+TEST_F(BusTest, TheFirstServerOwnsTheNameAndCreateObjectReachesIt) {
+  auto first = std::make_shared<Probe>();
+  EXPECT_TRUE(Publish("Test.Probe", first).OwnsName());
+  EXPECT_FALSE(Publish("Test.Probe", std::make_shared<Probe>()).OwnsName());
+  fk::DispatchPtr created = m_classes->CreateObject("Test.Probe");
+  ASSERT_TRUE(created);
+  EXPECT_EQ(Describe(Call(created, kEcho, {Variant::Int(5)})), "0003:5");
+  EXPECT_EQ(first->m_nCalls, 1);
+}
+
+TEST_F(BusTest, ValuesKeepTheirTypeWordsBothWays) {
+  auto probe = std::make_shared<Probe>();
+  Publish("Test.Probe", probe);
+  fk::DispatchPtr remote = m_classes->GetActiveObject("Test.Probe");
+  ASSERT_TRUE(remote);
+
+  SafeArray mixed(fk::VT_VARIANT, 5);
+  mixed.Append(Variant::Int(7));
+  mixed.Append(Variant::Text("Grüße"));
+  mixed.Append(Variant::Array(SafeArray::OfInts({1, 2}), fk::VT_ARRAY | fk::VT_I4));
+  mixed.Append(Variant::Object(nullptr));
+  SafeArray ints(fk::VT_I4, -3);
+  ints.Append(Variant::Int(-1));
+  const Variant values[] = {Variant(),           Variant::Null(),        Variant::Bool(true),
+                            Variant::Double(2.5), Variant::Array(mixed), Variant::Array(ints),
+                            Variant::Array(SafeArray(fk::VT_I4, 1), fk::VT_ARRAY | fk::VT_I4)};
+  for (const Variant& value : values) {
+    EXPECT_EQ(Describe(Call(remote, kEcho, {value})), Describe(value));
+    EXPECT_THAT(probe->m_seen, ElementsAre(Describe(value)));
+  }
+  EXPECT_EQ(Describe(values[4]), "2000[C@5: 0003:7 0008:Grüße 2003[3@0: 0003:1 0003:2] null object]");
+}
+
+TEST_F(BusTest, ReferencesAreWrittenBackAndValuesAreNot) {
+  auto probe = std::make_shared<Probe>();
+  Publish("Test.Probe", probe);
+  fk::DispatchPtr remote = m_classes->GetActiveObject("Test.Probe");
+  std::int32_t count = 41;
+  Variant slot;
+  std::vector<Variant> args = {Variant::RefInt(&count), Variant::RefVariant(&slot), Variant::Int(1)};
+  EXPECT_EQ(Describe(remote->Invoke(kWriteOuts, fk::DISPATCH_METHOD, args)), "000B:-1");
+  EXPECT_THAT(probe->m_seen, ElementsAre("4003>0003:41", "400C>0000", "0003:1"));
+  EXPECT_EQ(count, 42);
+  EXPECT_EQ(Describe(slot), "2000[3@0: 0003:4 0003:5]");
+  EXPECT_EQ(Describe(args[2]), "0003:1");
+}
+
+TEST_F(BusTest, FailuresArriveAsTheirKindOfException) {
+  auto probe = std::make_shared<Probe>();
+  Publish("Test.Probe", probe);
+  fk::DispatchPtr remote = m_classes->GetActiveObject("Test.Probe");
+  try {
+    Call(remote, kRaise);
+    ADD_FAILURE() << "no exception";
+  } catch (const fk::DispatchException& e) {
+    EXPECT_EQ(e.Description(), "The probe says no");
+  }
+  EXPECT_THAT([&] { Call(remote, 99); },
+              ::testing::ThrowsMessage<fk::OleException>(HasSubstr("The probe has no member 99.")));
+
+  // Refused before anything is sent.
+  EXPECT_THROW(Call(remote, kEcho, {Variant::Object(std::make_shared<Probe>())}), fk::OleException);
+  EXPECT_THROW(Call(remote, kEcho, {Variant::Text("\xFF")}), fk::OleException);
+  EXPECT_EQ(probe->m_nCalls, 2);
+
+  StopServing();
+  EXPECT_THROW(Call(remote, kEcho), fk::OleException) << "the server is gone";
+}
+
+// An array nested n deep, holding an int at the bottom.
+Variant Nested(int depth) {
+  Variant value = Variant::Int(1);
+  for (int i = 0; i < depth; ++i) value = Variant::Array(SafeArray::OfVariants({value}));
+  return value;
+}
+
+TEST_F(BusTest, ArraysNestedPastTheLimitAreRefusedAndTheServerStaysOnTheBus) {
+  Publish("Test.Probe", std::make_shared<Probe>());
+  fk::DispatchPtr remote = m_classes->GetActiveObject("Test.Probe");
+  EXPECT_EQ(Describe(Call(remote, kEcho, {Nested(8)})), Describe(Nested(8)));
+  EXPECT_THROW(Call(remote, kEcho, {Nested(9)}), fk::OleException);
+  // Were this reply sent, the bus would disconnect the server for it.
+  EXPECT_THROW(Call(remote, kWrapInArray, {Nested(8)}), fk::OleException);
+  EXPECT_EQ(Describe(Call(remote, kEcho, {Variant::Int(2)})), "0003:2");
+}
+
+TEST_F(BusTest, TheServerKeepsAGivenObjectUntilItsProxyGoes) {
+  Publish("Test.Probe", std::make_shared<Probe>());
+  fk::DispatchPtr remote = m_classes->GetActiveObject("Test.Probe");
+  fk::DispatchPtr child = Call(remote, kChild).ToObject();
+  ASSERT_TRUE(child);
+  EXPECT_EQ(Describe(Call(child, kEcho, {Variant::Int(8)})), "0003:8");
+  EXPECT_EQ(Probe::s_nLive, 2);
+
+  child.reset();
+  EXPECT_TRUE(PumpUntil(remote, [] { return Probe::s_nLive == 1; }));
+}
+
+TEST_F(BusTest, AClientThatLeavesTheBusLosesItsObjects) {
+  Publish("Test.Probe", std::make_shared<Probe>());
+  fk::DispatchPtr remote = m_classes->GetActiveObject("Test.Probe");
+  {
+    // Another client takes an object and disconnects without releasing it.
+    auto other = fk::bus::BusConnection::Open({}, nullptr);
+    ASSERT_TRUE(other);
+    const std::string takeChild = fmt::format("({}, uint32 1, @av [])", kChild);
+    EXPECT_EQ(Answer(other->Get(), "/", "Invoke", takeChild.c_str()), "accepted");
+    EXPECT_EQ(Probe::s_nLive, 2);
+  }
+  EXPECT_TRUE(PumpUntil(remote, [] { return Probe::s_nLive == 1; }));
+}
+
+TEST_F(BusTest, MalformedCallsAreRefusedAndTheServerCarriesOn) {
+  auto probe = std::make_shared<Probe>();
+  Publish("Test.Probe", probe);
+  fk::DispatchPtr remote = m_classes->GetActiveObject("Test.Probe");
+  fk::DispatchPtr child = Call(remote, kChild).ToObject();  // exported at /obj/1 for the session's client
+  probe->m_nCalls = 0;
+  auto raw = fk::bus::BusConnection::Open({}, nullptr);
+  ASSERT_TRUE(raw);
+
+  const char* refused[] = {
+      "(1, uint32 1, [<'not a pair'>])",
+      "(1, uint32 1, [<(uint16 3, <'three'>)>])",
+      "(1, uint32 1, [<(uint16 12, <(uint16 3, <5>)>)>])",
+      "(1, uint32 1, [<(uint16 0x4008, <'x'>)>])",
+      "(1, uint32 1, [<(uint16 0x400C, <(uint16 0x4003, <5>)>)>])",
+      "(1, uint32 1, [<(uint16 0x2003, <(uint16 3, 0, [<(uint16 8, <'x'>)>])>)>])",
+      "(1, uint32 1, [<(uint16 0x2000, <(uint16 0, 2147483647, "
+      "[<(uint16 0, <@ay []>)>, <(uint16 0, <@ay []>)>])>)>])",
+      "(1, uint32 1, [<(uint16 0x2000, <(uint16 12, 0, [<(uint16 0x4003, <5>)>])>)>])",
+      "(1, uint32 1, [<(uint16 9, <(':1.1', objectpath '/obj/1')>)>])",
+      "(1, uint32 70000, @av [])",
+  };
+  for (const char* parameters : refused)
+    EXPECT_EQ(Answer(raw->Get(), "/", "Invoke", parameters), fk::bus::kFailedError) << parameters;
+  EXPECT_EQ(probe->m_nCalls, 0);
+
+  EXPECT_EQ(Answer(raw->Get(), "/obj/1", "Release", "()"), fk::bus::kFailedError) << "not this client's object";
+  EXPECT_EQ(Answer(raw->Get(), "/", "Release", "()"), "accepted");
+  EXPECT_EQ(Answer(raw->Get(), "/", "Invoke", "(1, uint32 1, [<(uint16 9, <('', objectpath '/')>)>])"), "accepted");
+  EXPECT_EQ(Describe(Call(child, kEcho, {Variant::Int(3)})), "0003:3") << "the server still serves";
+}
+
+}  // namespace

@@ -21,7 +21,11 @@ class SafeArray {
 
   std::uint16_t ElementType() const { return m_elementType; }
   std::int32_t LowerBound() const { return m_lowerBound; }
-  std::int32_t UpperBound() const { return m_lowerBound + static_cast<std::int32_t>(m_elements.size()) - 1; }
+  // The lower bound less one for an empty array; saturates at the largest int.
+  std::int32_t UpperBound() const {
+    const std::int64_t upper = std::int64_t{m_lowerBound} + static_cast<std::int64_t>(m_elements.size()) - 1;
+    return upper > INT32_MAX ? INT32_MAX : static_cast<std::int32_t>(upper);
+  }
   std::size_t Count() const { return m_elements.size(); }
 
   // Elements are addressed by their index from the lower bound; an index

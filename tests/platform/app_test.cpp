@@ -1,0 +1,88 @@
+// The module's state around exports, and the application's settings.
+#include <gtest/gtest.h>
+#include <langinfo.h>
+#include <locale.h>
+
+#include <stdexcept>
+#include <string>
+
+#include "platform/app/app_base.h"
+#include "platform/app/module_guard.h"
+#include "platform/registry/registry.h"
+#include "support/comma_locale.h"
+#include "support/session_fixture.h"
+
+using fk::ModuleGuard;
+
+namespace {
+std::string Radix() { return nl_langinfo(RADIXCHAR); }
+}  // namespace
+
+TEST(ModuleGuardTest, InsideIsAPointAndTheCallersLocaleComesBackOnEveryWayOut) {
+  const std::string comma = CommaLocaleName();
+  if (comma.empty()) GTEST_SKIP() << "no locale with a decimal comma is installed or can be compiled";
+  locale_t callers = newlocale(LC_NUMERIC_MASK, comma.c_str(), static_cast<locale_t>(nullptr));
+  ASSERT_NE(callers, static_cast<locale_t>(nullptr));
+  uselocale(callers);
+  ASSERT_EQ(Radix(), ",");
+
+  {
+    ModuleGuard outer;
+    EXPECT_EQ(Radix(), ".");
+    EXPECT_EQ(ModuleGuard::Depth(), 1);
+    {
+      ModuleGuard inner;
+      EXPECT_EQ(Radix(), ".");
+      EXPECT_EQ(ModuleGuard::Depth(), 2);
+    }
+    EXPECT_EQ(Radix(), ".") << "leaving a nested export stays in the module";
+  }
+  EXPECT_EQ(Radix(), ",");
+  EXPECT_EQ(uselocale(static_cast<locale_t>(nullptr)), callers);
+
+  try {
+    ModuleGuard guard;
+    throw std::runtime_error("passing through");
+  } catch (const std::runtime_error&) {
+  }
+  EXPECT_EQ(Radix(), ",");
+
+  // GuardedCall turns whatever escapes into the failure result.
+  EXPECT_EQ(fk::GuardedCall("Test", -1, []() -> int {
+              EXPECT_EQ(Radix(), ".");
+              throw std::runtime_error("boom");
+            }), -1);
+  EXPECT_EQ(fk::GuardedCall("Test", -1, []() -> int { throw 42; }), -1);
+  EXPECT_EQ(fk::GuardedCall("Test", -1, [] { return 5; }), 5);
+  EXPECT_EQ(Radix(), ",");
+  EXPECT_EQ(ModuleGuard::Depth(), 0);
+
+  // A caller on the process's global locale gets that back.
+  uselocale(LC_GLOBAL_LOCALE);
+  freelocale(callers);
+  ASSERT_NE(std::setlocale(LC_NUMERIC, comma.c_str()), nullptr);
+  {
+    ModuleGuard guard;
+    EXPECT_EQ(Radix(), ".");
+  }
+  EXPECT_EQ(uselocale(static_cast<locale_t>(nullptr)), LC_GLOBAL_LOCALE);
+  EXPECT_EQ(Radix(), ",");
+  std::setlocale(LC_NUMERIC, "C");
+}
+
+TEST(AppBaseTest, SettingsLiveUnderTheRegistryKeyAndTheProfileName) {
+  ScopedRegistry registry;
+  fk::AppBase app("Viewer");
+  app.SetProfileName("Elsewhere");
+  app.SetRegistryKey("Orvex");
+  EXPECT_EQ(app.ProfileName(), "Viewer") << "the registry key brings the application's name back as the profile";
+  ASSERT_TRUE(app.WriteProfileInt("Setup", "Count", 3));
+  ASSERT_TRUE(app.WriteProfileString("Setup", "Name", "roads"));
+  EXPECT_EQ(fk::Registry::QueryDword(fk::Hive::CurrentUser, "Software\\Orvex\\Viewer\\Setup", "Count"), 3u);
+  EXPECT_EQ(app.GetProfileString("Setup", "Name"), "roads");
+  EXPECT_EQ(app.GetProfileInt("Setup", "Missing", 9), 9);
+
+  app.SetProfileName("Terravik");
+  EXPECT_EQ(app.GetProfileInt("Setup", "Count", 0), 0);
+  EXPECT_EQ(app.GetProfileString("Setup", "Name", "none"), "none");
+}

@@ -2,7 +2,10 @@
 // C side reads and writes them, and the lifetime of registered objects.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include <csignal>
 #include <functional>
 #include <string>
 #include <vector>
@@ -26,13 +29,19 @@ class CallbackObject {
   explicit CallbackObject(Body body = [](auto...) { return 0; }) : m_body(std::move(body)) {}
   fk_object Table() { return {this, &CallbackObject::Invoke, &CallbackObject::Release}; }
   int Releases() const { return m_nReleases; }
+  // Runs in the release callback, after the count.
+  std::function<void()> onRelease;
 
  private:
   static int Invoke(void* self, std::int32_t dispid, std::uint16_t flags, fk_value* const* args, std::int32_t count,
                     fk_value* result, fk_error* error) {
     return static_cast<CallbackObject*>(self)->m_body(dispid, flags, args, count, result, error);
   }
-  static void Release(void* self) { ++static_cast<CallbackObject*>(self)->m_nReleases; }
+  static void Release(void* self) {
+    auto* object = static_cast<CallbackObject*>(self);
+    ++object->m_nReleases;
+    if (object->onRelease) object->onRelease();
+  }
 
   Body m_body;
   int m_nReleases = 0;
@@ -230,4 +239,44 @@ TEST(HostApiTest, ReleaseRunsOnceWhenTheLibraryDropsItsLastReference) {
   EXPECT_EQ(child.Releases(), 1);
   fk_revoke_object(parentHandle);
   EXPECT_EQ(parent.Releases(), 1);
+}
+
+TEST(HostApiTest, AReleaseCallbackMayCallBackIntoTheLibrary) {
+  // A host tidies up in its release callback, here by withdrawing another
+  // registration. The calls run in a child process under an alarm, so that a
+  // deadlock fails the test instead of holding up the run.
+  const pid_t child = fork();
+  ASSERT_GE(child, 0);
+  if (child == 0) {
+    alarm(30);
+    CallbackObject running, replaced, other;
+    for (CallbackObject* object : {&running, &replaced})
+      object->onRelease = [] {
+        fk_revoke_active_object("Formkit.TidyOther");
+        const fk_object table = {nullptr, [](void*, std::int32_t, std::uint16_t, fk_value* const*, std::int32_t,
+                                             fk_value*, fk_error*) { return 0; },
+                                 nullptr};
+        fk_revoke_object(fk_register_object(&table));
+      };
+    // The running registration holds the last reference when it is revoked ...
+    fk_object table = running.Table();
+    std::int32_t handle = fk_register_object(&table);
+    fk_register_active_object("Formkit.Tidy", handle);
+    fk_revoke_object(handle);
+    fk_revoke_active_object("Formkit.Tidy");
+    // ... or when another object takes its place.
+    table = replaced.Table();
+    handle = fk_register_object(&table);
+    fk_register_active_object("Formkit.Tidy", handle);
+    fk_revoke_object(handle);
+    table = other.Table();
+    handle = fk_register_object(&table);
+    fk_register_active_object("Formkit.Tidy", handle);
+    _exit(running.Releases() == 1 && replaced.Releases() == 1 && other.Releases() == 0 ? 0 : 1);
+  }
+  int status = 0;
+  ASSERT_EQ(waitpid(child, &status, 0), child);
+  ASSERT_FALSE(WIFSIGNALED(status) && WTERMSIG(status) == SIGALRM) << "a release callback deadlocked";
+  ASSERT_TRUE(WIFEXITED(status)) << "the child ended by signal " << WTERMSIG(status);
+  EXPECT_EQ(WEXITSTATUS(status), 0) << "release counts differ";
 }

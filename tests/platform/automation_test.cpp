@@ -94,6 +94,8 @@ TEST(VariantTest, ConvertsByTheAutomationRules) {
   ExpectTypeMismatch([] { Variant::Text("abc").ToInt(); });
   ExpectTypeMismatch([] { Variant::Text("12abc").ToDouble(); });
   ExpectTypeMismatch([] { Variant::Text("").ToInt(); });
+  ExpectTypeMismatch([] { Variant::Text("nan").ToInt(); });
+  ExpectTypeMismatch([] { Variant::Text("0x10").ToDouble(); });
   ExpectTypeMismatch([&] { Variant::Object(object).ToText(); });
   ExpectTypeMismatch([&] { Variant::Object(object).ToInt(); });
   ExpectTypeMismatch([] { Variant::Int(1).ToObject(); });

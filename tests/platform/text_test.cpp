@@ -105,7 +105,7 @@ TEST(NumberParseTest, ReadsNumbersLikeTheCRuntime) {
   EXPECT_THAT(fk::ParseWholeNumber("12"), Optional(12.0));
   EXPECT_THAT(fk::ParseWholeNumber("\t-3.5  "), Optional(-3.5));
   EXPECT_THAT(fk::ParseWholeNumber(std::string_view("12x").substr(0, 2)), Optional(12.0));
-  for (const char* notOne : {"", "   ", "12abc", "1 2", "abc", "1,5"})
+  for (const char* notOne : {"", "   ", "12abc", "1 2", "abc", "1,5", "nan", "inf", "Infinity", "0x10"})
     EXPECT_EQ(fk::ParseWholeNumber(notOne), std::nullopt) << '"' << notOne << '"';
 }
 

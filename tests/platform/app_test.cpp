@@ -36,6 +36,16 @@ TEST(ModuleGuardTest, InsideIsAPointAndTheCallersLocaleComesBackOnEveryWayOut) {
       EXPECT_EQ(ModuleGuard::Depth(), 2);
     }
     EXPECT_EQ(Radix(), ".") << "leaving a nested export stays in the module";
+
+    // The module calls out to the host, which works in its own locale and
+    // calls an export from there.
+    const locale_t module = uselocale(callers);
+    {
+      ModuleGuard nested;
+      EXPECT_EQ(Radix(), ".") << "an export called back from the host";
+    }
+    EXPECT_EQ(Radix(), ",") << "the host gets its locale back";
+    uselocale(module);
   }
   EXPECT_EQ(Radix(), ",");
   EXPECT_EQ(uselocale(static_cast<locale_t>(nullptr)), callers);

@@ -100,6 +100,8 @@ TEST(HostApiTest, AFailedCallRaisesTheHostsDescription) {
   } catch (const fk::DispatchException& e) {
     EXPECT_EQ(e.Description(), "Table Nowhere is not open");
     EXPECT_STREQ(e.what(), "Table Nowhere is not open");
+    EXPECT_EQ(e.GetErrorMessage(6), "Table") << "as a buffer of 6 holds it";
+    EXPECT_EQ(e.GetErrorMessage(0), "");
   }
   // Without a description, or without fk_fail at all, a default text.
   for (bool withFail : {true, false}) {

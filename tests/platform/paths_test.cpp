@@ -47,6 +47,10 @@ TEST(PathsTest, MakePathAddsWhatIsMissing) {
   EXPECT_EQ(fk::AddTrailingSeparator("a"), "a/");
   EXPECT_EQ(fk::AddTrailingSeparator("a/"), "a/");
   EXPECT_EQ(fk::AddTrailingSeparator("a\\"), "a\\");
+
+  EXPECT_EQ(fk::JoinPath("maps", "\\roads.tab"), "maps/roads.tab");
+  EXPECT_EQ(fk::JoinPath("maps\\", "roads.tab"), "maps\\roads.tab");
+  EXPECT_EQ(fk::JoinPath("", "roads.tab"), "roads.tab");
 }
 
 TEST(PathsTest, NativeMapsTheDriveAndFindsNamesIgnoringCase) {

@@ -84,6 +84,7 @@ TEST(RegistryTest, DeleteTreeTakesTheKeyAndWhatIsBelowItOnly) {
   EXPECT_TRUE(Registry::KeyExists(hive, "Software\\Orvex\\Setup"));
   EXPECT_TRUE(Registry::KeyExists(hive, "Software\\Orvex\\Setup2"));
   EXPECT_TRUE(Registry::KeyExists(hive, "Software\\Orvex\\SetupX\\Below"));
+  EXPECT_TRUE(Registry::KeyExists(hive, "Software\\Orvex\\Setup\\Tools\\Deep"));
   EXPECT_FALSE(Registry::KeyExists(hive, "Software\\Orvex\\S_tup"));
 
   EXPECT_TRUE(Registry::DeleteTree(hive, "software\\orvex\\SETUP\\"));

@@ -124,11 +124,14 @@ TEST(HostApiTest, ReferenceArgumentsAreWrittenThrough) {
     EXPECT_EQ(count, 5);
     EXPECT_EQ(fk_value_type(args[0]), FK_TYPE_BYREF | FK_TYPE_INT);
     EXPECT_EQ(fk_value_int(args[0]), 1) << "a reference reads as the value it refers to";
+    const char* before = fk_value_text(args[3]);
     answers.push_back(fk_value_set_int(args[0], 41));
     answers.push_back(fk_value_set_text(args[1], "17"));
     answers.push_back(fk_value_set_text(args[2], "abc"));  // not a number: can't go into an int
     answers.push_back(fk_value_set_text(args[3], "hello"));
     answers.push_back(fk_value_set_bool(args[4], 1));
+    EXPECT_STREQ(fk_value_text(args[3]), "hello");
+    EXPECT_STREQ(before, "3") << "a text read stays valid for the rest of the call";
     return 0;
   });
   fk::DispatchDriver driver;

@@ -82,6 +82,8 @@ TEST(VariantTest, ConvertsByTheAutomationRules) {
   EXPECT_EQ(Variant::Bool(false).ToText(), "0");
   EXPECT_TRUE(Variant::Int(2).ToBool());
   EXPECT_FALSE(Variant::Text("0").ToBool());
+  EXPECT_TRUE(Variant::Text("TRUE").ToBool());
+  EXPECT_FALSE(Variant::Text("faLSE").ToBool());
 
   EXPECT_EQ(Variant::Int(-12).ToText(), "-12");
   EXPECT_EQ(Variant::Double(1.5).ToText(), "1.5");

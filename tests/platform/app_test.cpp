@@ -1,4 +1,4 @@
-// The module's state around exports, and the application's settings.
+// The module's state around exports.
 #include <gtest/gtest.h>
 #include <langinfo.h>
 #include <locale.h>
@@ -6,11 +6,8 @@
 #include <stdexcept>
 #include <string>
 
-#include "platform/app/app_base.h"
 #include "platform/app/module_guard.h"
-#include "platform/registry/registry.h"
 #include "support/comma_locale.h"
-#include "support/session_fixture.h"
 
 using fk::ModuleGuard;
 
@@ -78,21 +75,4 @@ TEST(ModuleGuardTest, InsideIsAPointAndTheCallersLocaleComesBackOnEveryWayOut) {
   EXPECT_EQ(uselocale(static_cast<locale_t>(nullptr)), LC_GLOBAL_LOCALE);
   EXPECT_EQ(Radix(), ",");
   std::setlocale(LC_NUMERIC, "C");
-}
-
-TEST(AppBaseTest, SettingsLiveUnderTheRegistryKeyAndTheProfileName) {
-  ScopedRegistry registry;
-  fk::AppBase app("Viewer");
-  app.SetProfileName("Elsewhere");
-  app.SetRegistryKey("Orvex");
-  EXPECT_EQ(app.ProfileName(), "Viewer") << "the registry key brings the application's name back as the profile";
-  ASSERT_TRUE(app.WriteProfileInt("Setup", "Count", 3));
-  ASSERT_TRUE(app.WriteProfileString("Setup", "Name", "roads"));
-  EXPECT_EQ(fk::Registry::QueryDword(fk::Hive::CurrentUser, "Software\\Orvex\\Viewer\\Setup", "Count"), 3u);
-  EXPECT_EQ(app.GetProfileString("Setup", "Name"), "roads");
-  EXPECT_EQ(app.GetProfileInt("Setup", "Missing", 9), 9);
-
-  app.SetProfileName("Terravik");
-  EXPECT_EQ(app.GetProfileInt("Setup", "Count", 0), 0);
-  EXPECT_EQ(app.GetProfileString("Setup", "Name", "none"), "none");
 }

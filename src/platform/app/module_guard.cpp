@@ -10,7 +10,9 @@ thread_local int t_depth = 0;
 }
 
 ModuleGuard::ModuleGuard() {
-  if (t_depth++ > 0) return;  // already inside the module on this thread
+  // Nested exports switch too: the one outside may have called out to a host
+  // that set a locale of its own before calling back in.
+  ++t_depth;
   locale_t current = uselocale(static_cast<locale_t>(nullptr));
   locale_t base = duplocale(current);
   locale_t module = base ? newlocale(LC_NUMERIC_MASK, "C", base) : static_cast<locale_t>(nullptr);

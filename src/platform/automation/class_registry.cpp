@@ -2,6 +2,8 @@
 
 #include <strings.h>
 
+#include <utility>
+
 #include "platform/automation/bus_classes.h"
 
 namespace fk {
@@ -15,24 +17,38 @@ ClassRegistry& ClassRegistry::Instance() {
   return registry;
 }
 
+// What a registration replaces or revokes is dropped only after the lock is
+// released: dropping an object may run its owner's release callback, which
+// may call back into the registry.
+
 void ClassRegistry::RegisterClass(const std::string& progId, Factory factory) {
+  Factory dropped;
   std::lock_guard lock(m_mutex);
-  m_classes[progId] = std::move(factory);
+  dropped = std::exchange(m_classes[progId], std::move(factory));
 }
 
 void ClassRegistry::RevokeClass(const std::string& progId) {
+  Factory dropped;
   std::lock_guard lock(m_mutex);
-  m_classes.erase(progId);
+  if (auto it = m_classes.find(progId); it != m_classes.end()) {
+    dropped = std::move(it->second);
+    m_classes.erase(it);
+  }
 }
 
 void ClassRegistry::RegisterActiveObject(const std::string& progId, DispatchPtr object) {
+  DispatchPtr dropped;
   std::lock_guard lock(m_mutex);
-  m_active[progId] = std::move(object);
+  dropped = std::exchange(m_active[progId], std::move(object));
 }
 
 void ClassRegistry::RevokeActiveObject(const std::string& progId) {
+  DispatchPtr dropped;
   std::lock_guard lock(m_mutex);
-  m_active.erase(progId);
+  if (auto it = m_active.find(progId); it != m_active.end()) {
+    dropped = std::move(it->second);
+    m_active.erase(it);
+  }
 }
 
 void ClassRegistry::SetRemote(std::shared_ptr<RemoteClasses> remote) {

@@ -98,8 +98,11 @@ double fk_value_double(const fk_value* value) {
 const char* fk_value_text(const fk_value* value) {
   if (!value) return "";
   auto* self = const_cast<fk_value*>(value);
-  self->text = ReadOr<std::string>(value, {}, [](const fk::Variant& v) { return v.ToText(); });
-  return self->text.c_str();
+  std::string text = ReadOr<std::string>(value, {}, [](const fk::Variant& v) { return v.ToText(); });
+  // A text handed out earlier in the call stays as it was, even when the
+  // value has been written since.
+  if (self->texts.empty() || self->texts.back() != text) self->texts.push_back(std::move(text));
+  return self->texts.back().c_str();
 }
 
 uint16_t fk_value_array_element_type(const fk_value* value) {

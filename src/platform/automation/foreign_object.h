@@ -14,7 +14,7 @@
 struct fk_value {
   const fk::Variant* view = nullptr;
   fk::Variant* target = nullptr;
-  std::string text;                 // keeps the text handed out by fk_value_text
+  std::deque<std::string> texts;    // every text handed out by fk_value_text, kept for the call
   std::deque<fk_value> elements;    // views of array elements handed out
 };
 

@@ -1,6 +1,7 @@
 #include "platform/automation/variant.h"
 
 #include <fmt/format.h>
+#include <strings.h>
 
 #include <cmath>
 #include <limits>
@@ -84,8 +85,8 @@ bool Variant::ToBool() const {
     case VT_R8: return std::get<double>(m_payload) != 0.0;
     case VT_BSTR: {
       const std::string& text = std::get<std::string>(m_payload);
-      if (text == "True" || text == "true") return true;
-      if (text == "False" || text == "false") return false;
+      if (strcasecmp(text.c_str(), "True") == 0) return true;
+      if (strcasecmp(text.c_str(), "False") == 0) return false;
       return TextToDouble(text) != 0.0;
     }
     default: TypeMismatch();

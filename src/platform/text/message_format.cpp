@@ -1,5 +1,7 @@
 #include "platform/text/message_format.h"
 
+#include <fmt/format.h>
+
 #include <cctype>
 
 #include "platform/text/format.h"
@@ -16,7 +18,8 @@ std::string FormatArg(const MessageArg& arg, const std::string& spec) {
         try {
           return Format(pattern, value);
         } catch (const fmt::format_error&) {
-          return Format("%s", value);
+          // Not "%s": printf formats refuse a number there.
+          return fmt::format("{}", value);
         }
       },
       arg);

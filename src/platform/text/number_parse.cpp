@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
+#include <cstring>
 #include <string>
 
 namespace fk {
@@ -47,6 +48,10 @@ std::optional<double> ParseWholeNumber(std::string_view text) {
   char* end = nullptr;
   const double value = strtod_l(begin, &end, CLocale());
   if (end == begin) return std::nullopt;
+  // strtod also takes hexadecimal numbers, "inf" and "nan": no numbers as
+  // the system writes them.
+  for (const char* p = begin; p != end; ++p)
+    if (!std::strchr("0123456789+-.eE \t\n\v\f\r", *p)) return std::nullopt;
   while (*end == ' ' || *end == '\t') ++end;
   if (*end != '\0') return std::nullopt;
   return value;

@@ -1,0 +1,128 @@
+// The registry hives and the application profile over them.
+#include "platform/registry/registry.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <set>
+#include <string>
+
+#include "platform/registry/profile.h"
+#include "support/session_fixture.h"
+
+using fk::Hive;
+using fk::Registry;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::Optional;
+using ::testing::SizeIs;
+
+TEST(RegistryTest, NamesIgnoreCaseAndTextsAndNumbersStayApart) {
+  ScopedRegistry registry;
+  const Hive hive = Hive::CurrentUser;
+  ASSERT_TRUE(Registry::SetString(hive, "Software\\Orvex", "InstallPath", "/opt/orvex"));
+  EXPECT_THAT(Registry::QueryString(hive, "\\software\\\\ORVEX\\", "installpath"), Optional(std::string("/opt/orvex")));
+  EXPECT_TRUE(Registry::KeyExists(hive, "SOFTWARE"));
+  ASSERT_TRUE(Registry::SetString(hive, "SOFTWARE\\orvex", "INSTALLPATH", "/usr/local"));
+  EXPECT_THAT(Registry::ValueNames(hive, "Software\\Orvex"), SizeIs(1)) << "the same value again";
+  EXPECT_EQ(Registry::QueryValue(Hive::LocalMachine, "Software\\Orvex", "InstallPath"), std::nullopt);
+
+  ASSERT_TRUE(Registry::SetDword(hive, "Software\\Orvex", "Count", 0xFFFFFFFFu));
+  EXPECT_THAT(Registry::QueryDword(hive, "Software\\Orvex", "Count"), Optional(0xFFFFFFFFu));
+  EXPECT_EQ(Registry::QueryString(hive, "Software\\Orvex", "Count"), std::nullopt);
+  EXPECT_EQ(Registry::QueryDword(hive, "Software\\Orvex", "InstallPath"), std::nullopt);
+  ASSERT_TRUE(Registry::SetString(hive, "Software\\Orvex", "count", "many"));
+  EXPECT_EQ(Registry::QueryDword(hive, "Software\\Orvex", "Count"), std::nullopt) << "a text written over a number";
+
+  EXPECT_TRUE(Registry::DeleteValue(hive, "Software\\Orvex", "COUNT"));
+  EXPECT_FALSE(Registry::DeleteValue(hive, "Software\\Orvex", "Count"));
+  EXPECT_EQ(Registry::QueryValue(hive, "Software\\Orvex", "Count"), std::nullopt);
+}
+
+TEST(RegistryTest, ReadsNeverCreateAFile) {
+  ScopedRegistry registry;
+  for (Hive hive : {Hive::CurrentUser, Hive::LocalMachine}) {
+    EXPECT_EQ(Registry::QueryValue(hive, "Software\\Orvex", "x"), std::nullopt);
+    EXPECT_FALSE(Registry::KeyExists(hive, "Software"));
+    EXPECT_THAT(Registry::ValueNames(hive, "Software"), IsEmpty());
+    EXPECT_FALSE(Registry::DeleteTree(hive, "Software"));
+  }
+  EXPECT_TRUE(std::filesystem::is_empty(registry.Folder()));
+}
+
+TEST(RegistryTest, DeleteTreeTakesTheKeyAndWhatIsBelowItOnly) {
+  ScopedRegistry registry;
+  const Hive hive = Hive::CurrentUser;
+  for (const char* key : {"Software\\Orvex\\Setup", "Software\\Orvex\\Setup\\Tools\\Deep", "Software\\Orvex\\Setup2",
+                          "Software\\Orvex\\SetupX\\Below", "Software\\Orvex\\S_tup", "Software\\Orvex\\S%"})
+    ASSERT_TRUE(Registry::SetString(hive, key, "v", key));
+
+  // "_" and "%" stand for themselves.
+  EXPECT_TRUE(Registry::DeleteTree(hive, "Software\\Orvex\\S_tup"));
+  EXPECT_TRUE(Registry::DeleteTree(hive, "Software\\Orvex\\S%"));
+  EXPECT_TRUE(Registry::KeyExists(hive, "Software\\Orvex\\Setup"));
+  EXPECT_TRUE(Registry::KeyExists(hive, "Software\\Orvex\\Setup2"));
+  EXPECT_TRUE(Registry::KeyExists(hive, "Software\\Orvex\\SetupX\\Below"));
+  EXPECT_TRUE(Registry::KeyExists(hive, "Software\\Orvex\\Setup\\Tools\\Deep"));
+  EXPECT_FALSE(Registry::KeyExists(hive, "Software\\Orvex\\S_tup"));
+
+  EXPECT_TRUE(Registry::DeleteTree(hive, "software\\orvex\\SETUP\\"));
+  for (const char* gone :
+       {"Software\\Orvex\\Setup", "Software\\Orvex\\Setup\\Tools", "Software\\Orvex\\Setup\\Tools\\Deep"}) {
+    EXPECT_FALSE(Registry::KeyExists(hive, gone)) << gone;
+    EXPECT_EQ(Registry::QueryValue(hive, gone, "v"), std::nullopt) << gone;
+  }
+  EXPECT_THAT(Registry::QueryString(hive, "Software\\Orvex\\Setup2", "v"),
+              Optional(std::string("Software\\Orvex\\Setup2")));
+  EXPECT_THAT(Registry::QueryString(hive, "Software\\Orvex\\SetupX\\Below", "v"),
+              Optional(std::string("Software\\Orvex\\SetupX\\Below")));
+  EXPECT_TRUE(Registry::KeyExists(hive, "Software\\Orvex"));
+  EXPECT_FALSE(Registry::DeleteTree(hive, "Software\\Orvex\\Setup"));
+}
+
+TEST(RegistryTest, TwoProcessesWritingAtOnceLoseNothing) {
+  ScopedRegistry registry;
+  constexpr int kValuesEach = 200;
+  const char* key = "Software\\Orvex\\Shared";
+  pid_t children[2];
+  for (int child = 0; child < 2; ++child) {
+    children[child] = fork();
+    ASSERT_GE(children[child], 0);
+    if (children[child] == 0) {
+      bool ok = true;
+      for (int i = 0; i < kValuesEach; ++i)
+        ok = Registry::SetDword(Hive::CurrentUser, key, "P" + std::to_string(child) + "_" + std::to_string(i),
+                                static_cast<std::uint32_t>(i)) &&
+             ok;
+      _exit(ok ? 0 : 1);
+    }
+  }
+  for (pid_t child : children) {
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << "a write in a child failed";
+  }
+  const std::vector<std::string> names = Registry::ValueNames(Hive::CurrentUser, key);
+  EXPECT_EQ(std::set<std::string>(names.begin(), names.end()).size(), 2u * kValuesEach);
+  EXPECT_THAT(Registry::QueryDword(Hive::CurrentUser, key, "P1_199"), Optional(199u));
+}
+
+TEST(ProfileTest, SettingsLiveUnderTheApplicationsSectionKey) {
+  ScopedRegistry registry;
+  const fk::Profile profile("Orvex", "Viewer");
+  const std::string key = "Software\\Orvex\\Viewer\\Settings";
+  EXPECT_EQ(profile.GetString("Settings", "Folder", "none"), "none");
+  ASSERT_TRUE(profile.WriteString("Settings", "Folder", "/data"));
+  ASSERT_TRUE(profile.WriteInt("Settings", "Count", -3));
+  EXPECT_THAT(Registry::QueryString(Hive::CurrentUser, key, "Folder"), Optional(std::string("/data")));
+  EXPECT_THAT(Registry::QueryDword(Hive::CurrentUser, key, "Count"), Optional(static_cast<std::uint32_t>(-3)));
+  EXPECT_EQ(profile.GetInt("SETTINGS", "count", 7), -3);
+  EXPECT_EQ(profile.GetInt("Settings", "Folder", 7), 7) << "a text where a number is asked";
+
+  EXPECT_TRUE(profile.WriteString("Settings", "Folder", std::nullopt));
+  EXPECT_EQ(profile.GetString("Settings", "Folder", "none"), "none");
+  EXPECT_THAT(Registry::ValueNames(Hive::CurrentUser, key), ElementsAre("Count"));
+}

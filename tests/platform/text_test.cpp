@@ -1,0 +1,131 @@
+// Formatting and reading numbers, text files, message formats and the string table.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <locale.h>
+
+#include <climits>
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "platform/automation/variant.h"
+#include "platform/text/format.h"
+#include "platform/text/message_format.h"
+#include "platform/text/number_parse.h"
+#include "platform/text/string_table.h"
+#include "platform/text/text_file.h"
+#include "support/comma_locale.h"
+#include "support/session_fixture.h"
+
+using ::testing::Optional;
+
+TEST(FormatTest, NumbersIgnoreTheLocale) {
+  const std::string comma = CommaLocaleName();
+  if (comma.empty()) GTEST_SKIP() << "no locale with a decimal comma is installed or can be compiled";
+  ASSERT_NE(std::setlocale(LC_NUMERIC, comma.c_str()), nullptr);
+  char check[16];
+  std::snprintf(check, sizeof check, "%.1f", 1.5);
+  ASSERT_STREQ(check, "1,5") << "the locale is in force";
+
+  // printf's own results, with a point.
+  EXPECT_EQ(fk::Format("%lf", 1.5), "1.500000");
+  EXPECT_EQ(fk::Format("%-6.2f|%+.3e|%g|%G|%5d|%-4s|%x|%%", 2.5, 1234.5, 0.0001, 1e20, 42, "ab", 255),
+            "2.50  |+1.234e+03|0.0001|1E+20|   42|ab  |ff|%");
+  EXPECT_EQ(fk::Atof("1.75"), 1.75);
+  EXPECT_EQ(fk::Atof("1,75"), 1.0);
+  EXPECT_THAT(fk::ParseWholeNumber(" 2.5 "), Optional(2.5));
+  EXPECT_EQ(fk::ParseWholeNumber("2,5"), std::nullopt);
+  EXPECT_EQ(fk::Variant::Double(0.5).ToText(), "0.5");
+  EXPECT_EQ(fk::Variant::Text("3.25").ToDouble(), 3.25);
+  EXPECT_EQ(fk::FormatMessageText("%1!.2f! %1", std::vector<fk::MessageArg>{2.5}), "2.50 2.5");
+  std::setlocale(LC_NUMERIC, "C");
+}
+
+TEST(NumberParseTest, ReadsNumbersLikeTheCRuntime) {
+  EXPECT_EQ(fk::Atoi(" \t\n-17"), -17);
+  EXPECT_EQ(fk::Atoi("12abc"), 12);
+  EXPECT_EQ(fk::Atoi("abc"), 0);
+  EXPECT_EQ(fk::Atoi("99999999999"), INT32_MAX);
+  EXPECT_EQ(fk::Atol("-99999999999999999999999"), INT32_MIN);
+  EXPECT_EQ(fk::Atoi(std::string_view("12345").substr(0, 2)), 12) << "only the text given is read";
+  EXPECT_EQ(fk::Atof("  1.5e3xyz"), 1500.0);
+  EXPECT_EQ(fk::Atof("abc"), 0.0);
+  EXPECT_EQ(fk::Atof(std::string_view("1.2345").substr(0, 3)), 1.2);
+  EXPECT_THAT(fk::ParseWholeNumber("\t-3.5  "), Optional(-3.5));
+  for (const char* notOne : {"", "   ", "12abc", "1 2", "abc", "1,5", "nan", "inf", "Infinity", "0x10"})
+    EXPECT_EQ(fk::ParseWholeNumber(notOne), std::nullopt) << '"' << notOne << '"';
+}
+
+TEST(TextFileTest, WriterWritesCrLfAndReportsAFailedWrite) {
+  ScopedFolder folder;
+  folder.Write("data/keep.txt", "");
+  fk::TextWriter writer;
+  ASSERT_TRUE(writer.Open(folder.Path() + "/DATA/Out.txt"));
+  writer.Write("a\nb\n\nc");
+  writer.WriteLine(" end");
+  EXPECT_TRUE(writer.Close());
+  EXPECT_EQ(ReadFile(folder.Path() + "/data/Out.txt"), "a\r\nb\r\n\r\nc end\r\n") << "lands in the folder that exists";
+
+  ASSERT_TRUE(writer.Open(folder.Path() + "/data/out.TXT", "a"));
+  writer.WriteLine("more");
+  EXPECT_TRUE(writer.Close());
+  EXPECT_EQ(ReadFile(folder.Path() + "/data/Out.txt"), "a\r\nb\r\n\r\nc end\r\nmore\r\n");
+
+  EXPECT_FALSE(writer.Open(folder.Path() + "/missing/x.txt"));
+  ASSERT_TRUE(writer.Open("/dev/full"));
+  writer.WriteLine("nowhere to go");
+  EXPECT_FALSE(writer.Close());
+}
+
+TEST(TextFileTest, GetsReadsLikeFgetsOnATextModeFile) {
+  ScopedFolder folder;
+  const std::string longLine(250, 'x');
+  const std::string content = "first\r\nsecond\nlone\rcr\r\n\r\n" + longLine + "\r\n" + std::string(198, 'y') +
+                              "\r\n" + std::string(199, 'z') + "\r\nlast\r";
+  const std::string path = folder.Write("in.txt", content);
+
+  fk::TextReader reader;
+  ASSERT_TRUE(reader.Open(path));
+  EXPECT_EQ(reader.Gets(200), "first\n");
+  EXPECT_EQ(reader.Gets(200), "second\n");
+  EXPECT_EQ(reader.Gets(200), "lone\rcr\n");
+  EXPECT_EQ(reader.Gets(200), "\n");
+  EXPECT_EQ(reader.Gets(200), std::string(199, 'x'));
+  EXPECT_EQ(reader.Gets(200), std::string(51, 'x') + "\n");
+  EXPECT_EQ(reader.Gets(200), std::string(198, 'y') + "\n");
+  EXPECT_EQ(reader.Gets(200), std::string(199, 'z'));
+  EXPECT_EQ(reader.Gets(200), "\n");
+  EXPECT_EQ(reader.Gets(200), "last\r");
+  EXPECT_EQ(reader.Gets(200), std::nullopt);
+  EXPECT_EQ(reader.Gets(200), std::nullopt);
+  EXPECT_FALSE(reader.Open(folder.Path() + "/none.txt"));
+}
+
+TEST(MessageFormatTest, FillsPlacesLikeTheSystemsMessageFormatter) {
+  const std::vector<fk::MessageArg> args = {std::string("map"), 42LL, 2.5};
+  auto format = [&](const char* pattern) { return fk::FormatMessageText(pattern, args); };
+  EXPECT_EQ(format("%1!s! has %2!ld! rows"), "map has 42 rows");
+  EXPECT_EQ(format("%1 %2 %3"), "map 42 2.5");
+  EXPECT_EQ(format("[%2!5ld!] [%3!.2f!] [%1!-5s!]"), "[   42] [2.50] [map  ]");
+  EXPECT_EQ(format("100%% done%nnext"), "100% done\r\nnext");
+  EXPECT_EQ(format("shown%0hidden %1"), "shown");
+  EXPECT_EQ(format("%.%!% "), ".! ");
+  EXPECT_EQ(format("[%4][%9!s!]"), "[][]") << "missing arguments give nothing";
+  // A format that doesn't suit the argument shows the argument plainly.
+  EXPECT_EQ(format("%1!d! %3!d! %2!s!"), "map 2.5 42");
+
+  std::vector<fk::MessageArg> many;
+  for (int i = 1; i <= 12; ++i) many.emplace_back("a" + std::to_string(i));
+  EXPECT_EQ(fk::FormatMessageText("%10,%12!s!,%1", many), "a10,a12,a1");
+  EXPECT_EQ(fk::FormatMessageText("%10", args), "") << "%10 is the tenth argument, not the first and a 0";
+}
+
+TEST(StringTableTest, LoadsTheCompiledTable) {
+  EXPECT_EQ(fk::LoadString(2000), "Error could not execute Help.\nCommand: %1!s! %2!s!");
+  EXPECT_EQ(fk::FormatString(2000, {std::string("viewer"), std::string("/h")}),
+            "Error could not execute Help.\nCommand: viewer /h");
+  EXPECT_TRUE(fk::HasString(2000));
+  EXPECT_FALSE(fk::HasString(1));
+  EXPECT_EQ(fk::LoadString(1), "");
+  EXPECT_EQ(fk::LoadString(4294967295u), "");
+}

@@ -1,0 +1,10 @@
+// A locale whose decimal separator is a comma, for checking that numbers are
+// read and written with a point whatever the user's locale.
+#pragma once
+
+#include <string>
+
+// The name of such a locale for setlocale and newlocale: an installed one
+// (de_DE, fr_FR, ...), else one compiled with localedef into a temporary
+// folder that LOCPATH then points at. Empty when there is none to be had.
+std::string CommaLocaleName();

@@ -12,7 +12,8 @@
  * fill. On failure `invoke` returns non-zero and describes the failure with
  * fk_fail(); the library raises that description as the host's error.
  * `release` (optional) is called once the library holds no reference to the
- * object any more.
+ * object any more, however often the object was handed over (registered,
+ * returned from calls); an object is known by its `self` and `invoke`.
  *
  * Example: a host whose "Eval" member (dispatch id 0x6001000C) answers "42".
  *

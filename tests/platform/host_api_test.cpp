@@ -203,6 +203,24 @@ TEST(HostApiTest, ReleaseRunsOnceWhenTheLibraryDropsItsLastReference) {
   childDriver.ReleaseDispatch();
   EXPECT_EQ(child.Releases(), 1);
   fk_revoke_object(parentHandle);
+
+  // A registered object that also comes back from its own calls is one
+  // object: its release runs once, after the registration and every
+  // reference handed out are gone.
+  CallbackObject self;
+  fk::DispatchDriver selfDriver, returnedDriver;
+  const std::int32_t selfHandle = Register(self);
+  self = CallbackObject([&](fk_value* const*, std::int32_t, fk_value* result, fk_error*) {
+    const fk_object table = self.Table();
+    return fk_value_set_object(result, &table) == 1 ? 0 : 1;
+  });
+  selfDriver.AttachDispatch(fk::HandleTable::Instance().Find(selfHandle), false);
+  returnedDriver.AttachDispatch(selfDriver.GetProperty(3).ToObject(), true);
+  EXPECT_TRUE(returnedDriver.Holds(fk::HandleTable::Instance().Find(selfHandle)));
+  fk_revoke_object(selfHandle);
+  EXPECT_EQ(self.Releases(), 0) << "still held by the driver it was returned to";
+  returnedDriver.ReleaseDispatch();
+  EXPECT_EQ(self.Releases(), 1);
 }
 
 TEST(HostApiTest, AReleaseCallbackMayCallBackIntoTheLibrary) {

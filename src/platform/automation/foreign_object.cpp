@@ -1,5 +1,8 @@
 #include "platform/automation/foreign_object.h"
 
+#include <map>
+#include <mutex>
+#include <utility>
 #include <vector>
 
 #include "platform/automation/exceptions.h"
@@ -8,10 +11,27 @@
 namespace fk {
 namespace {
 
+// One object for each host object, however often the host hands it over
+// (registered, returned from a call): its release runs once, when the
+// library holds no reference to it any more.
+using ObjectKey = std::pair<void*, void*>;  // the host's self and invoke callback
+
+std::mutex g_liveMutex;
+std::map<ObjectKey, std::weak_ptr<Dispatch>> g_live;
+
+ObjectKey KeyOf(const fk_object& object) {
+  return {object.self, reinterpret_cast<void*>(object.invoke)};
+}
+
 class ForeignObject final : public Dispatch {
  public:
   explicit ForeignObject(const fk_object& object) : m_object(object) {}
   ~ForeignObject() override {
+    {
+      std::lock_guard lock(g_liveMutex);
+      auto it = g_live.find(KeyOf(m_object));
+      if (it != g_live.end() && it->second.expired()) g_live.erase(it);
+    }
     if (m_object.release) m_object.release(m_object.self);
   }
 
@@ -41,7 +61,14 @@ class ForeignObject final : public Dispatch {
 
 }  // namespace
 
-DispatchPtr MakeForeignObject(const fk_object& object) { return std::make_shared<ForeignObject>(object); }
+DispatchPtr MakeForeignObject(const fk_object& object) {
+  std::lock_guard lock(g_liveMutex);
+  std::weak_ptr<Dispatch>& live = g_live[KeyOf(object)];
+  if (DispatchPtr existing = live.lock()) return existing;
+  DispatchPtr made = std::make_shared<ForeignObject>(object);
+  live = made;
+  return made;
+}
 
 }  // namespace fk
 

@@ -52,7 +52,8 @@ std::optional<double> ParseWholeNumber(std::string_view text) {
   // the system writes them.
   for (const char* p = begin; p != end; ++p)
     if (!std::strchr("0123456789+-.eE \t\n\v\f\r", *p)) return std::nullopt;
-  while (*end == ' ' || *end == '\t') ++end;
+  // Blanks may stand behind the number as in front of it.
+  while (*end != '\0' && std::strchr(" \t\n\v\f\r", *end)) ++end;
   if (*end != '\0') return std::nullopt;
   return value;
 }

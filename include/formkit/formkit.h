@@ -36,6 +36,9 @@ int GetProcessID(void);
 /* The host's files. */
 int GetCartomaPenCount(const char *file);
 
+/* Pictures: width and height in pixels; 1, or 0 with both left as they were. */
+int GetPictureSize(const char *file, int32_t *width, int32_t *height);
+
 #ifdef __cplusplus
 }
 #endif

@@ -36,6 +36,18 @@ int GetProcessID(void);
 /* The host's files. */
 int GetCartomaPenCount(const char *file);
 
+/* DXF files, written entity by entity: DXFCreate or DXFCreateWithBounds,
+   then DXFColor and the entities, then DXFClose. */
+int DXFCreate(const char *file);
+int DXFCreateWithBounds(const char *file, double minX, double minY, double minZ, double maxX, double maxY,
+                        double maxZ);
+int DXFColor(int32_t rgb);
+int DXFPoint(double x, double y, double z);
+int DXFLine(double x1, double y1, double z1, double x2, double y2, double z2);
+int DXFPolyline(const double *x, const double *y, const double *z, int32_t count);
+int DXFRegion(const double *x, const double *y, const double *z, int32_t count);
+int DXFClose(void);
+
 /* Pictures: width and height in pixels; 1, or 0 with both left as they were. */
 int GetPictureSize(const char *file, int32_t *width, int32_t *height);
 

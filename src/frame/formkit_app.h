@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 
+#include "exchange/dxf_lib.h"
 #include "platform/app/app_base.h"
 
 class CFormkitApp : public fk::AppBase {
@@ -29,6 +30,7 @@ class CFormkitApp : public fk::AppBase {
   std::string m_strDXFSelectionFile = "c:\\Selection.dxf";
   std::string m_strLogOGBFile;
   int m_bUseNameAlias = 0;
+  CDXFLib m_DXF;
   int m_nViewerProcessID = 0;
   int m_nPointSize = 5;
   int m_nGridCompression = 30;

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "exchange/dxf_lib.h"
 #include "platform/app/app_base.h"
@@ -23,6 +24,16 @@ class CFormkitApp : public fk::AppBase {
   void SwitchProfile(const char* name);
   // The host session's Connect (it works on g_CartomaDriver).
   int Connect(std::int32_t dispatch, int checkApp);
+
+  // Raster registration tables: a new one over a rectangle, and one from
+  // control points that may keep the lines of an old table. A null clause
+  // means none; null lines mean a new head.
+  int WriteRasterTab(const std::string& tabPath, const std::string& imageName, double left, double bottom,
+                     double right, double top, const char* coordSys, std::int32_t transparentColor);
+  int RewriteRasterTab(const std::string& tabPath, const std::string& imageName,
+                       const std::vector<std::int32_t>& pixelX, const std::vector<std::int32_t>& pixelY,
+                       const std::vector<double>& worldX, const std::vector<double>& worldY, const char* coordSys,
+                       const std::vector<std::string>* lines);
 
   std::string m_strProduct;
   std::string m_strGroupKey;

@@ -51,6 +51,12 @@ int DXFClose(void);
 /* Pictures: width and height in pixels; 1, or 0 with both left as they were. */
 int GetPictureSize(const char *file, int32_t *width, int32_t *height);
 
+/* Contour segments of the grid d[i][j] (i from ilb to iub, j from jlb to
+   jub, at x[i], y[j]) for the nc ascending levels z, each given to `line`. */
+int Contour(const double *const *d, int32_t ilb, int32_t iub, int32_t jlb, int32_t jub, const double *x,
+            const double *y, int32_t nc, const double *z,
+            void (*line)(double x1, double y1, double x2, double y2, double level));
+
 #ifdef __cplusplus
 }
 #endif

@@ -1,13 +1,16 @@
 #include "exchange/dxf_lib.h"
 
-#include "platform/text/format.h"
+#include "platform/text/number_format.h"
 
 namespace {
-constexpr int kOpenPolyline = 8;   // 3D polyline
-constexpr int kVertexFlag = 32;    // vertex of a 3D polyline
+constexpr const char* kOpenPolyline = " 70\n8\n";   // 3D polyline
+constexpr const char* kClosedPolyline = " 70\n9\n"; // 3D polyline, closed
+constexpr const char* kVertexFlag = " 70\n32\n";    // vertex of a 3D polyline
 constexpr const char* kSectionHeader = "  0\nSECTION\n  2\nHEADER\n";
 constexpr const char* kEndSection = "  0\nENDSEC\n";
 constexpr const char* kSectionEntities = "  0\nSECTION\n  2\nENTITIES\n";
+// Coordinates are written as "%lf" writes them.
+constexpr int kDecimals = 6;
 }  // namespace
 
 bool CDXFLib::Open(const std::string& file) { return DxfFile.Open(file, "w"); }
@@ -41,7 +44,7 @@ int CDXFLib::DXFColor(std::int32_t rgb) {
 int CDXFLib::DXFPoint(double x, double y, double z) {
   if (!IsOpen()) return 0;
   DxfFile.Write("  0\nPOINT\n  8\n0\n");
-  WriteStyle();
+  DxfFile.Write(StyleGroups());
   WriteCoordinates('0', x, y, z);
   return 1;
 }
@@ -49,7 +52,7 @@ int CDXFLib::DXFPoint(double x, double y, double z) {
 int CDXFLib::DXFLine(double x1, double y1, double z1, double x2, double y2, double z2) {
   if (!IsOpen()) return 0;
   DxfFile.Write("  0\nLINE\n  8\n0\n");
-  WriteStyle();
+  DxfFile.Write(StyleGroups());
   WriteCoordinates('0', x1, y1, z1);
   WriteCoordinates('1', x2, y2, z2);
   return 1;
@@ -72,30 +75,42 @@ int CDXFLib::DXFClose() {
 
 int CDXFLib::WritePolyEntity(const double* x, const double* y, const double* z, std::int32_t count, int closedFlag) {
   if (!IsOpen()) return 0;
+  const std::string style = StyleGroups();
   DxfFile.Write("  0\nPOLYLINE\n");
-  WriteStyle();
+  DxfFile.Write(style);
   DxfFile.Write(" 66\n     1\n");
-  DxfFile.Write(fk::Format(" 70\n%d\n", kOpenPolyline + closedFlag));
+  DxfFile.Write(closedFlag ? kClosedPolyline : kOpenPolyline);
   for (std::int32_t i = 0; i < count; ++i) {
     DxfFile.Write("  0\nVERTEX\n");
-    WriteStyle();
+    DxfFile.Write(style);
     WriteCoordinates('0', x[i], y[i], z[i]);
-    DxfFile.Write(fk::Format(" 70\n%d\n", kVertexFlag));
+    DxfFile.Write(kVertexFlag);
   }
   DxfFile.Write("  0\nSEQEND\n  8\n0\n");
   return 1;
 }
 
-// The layer, the colour index and the colour comment of an entity.
-void CDXFLib::WriteStyle() {
-  DxfFile.Write(fk::Format("  8\n%s\n", LayerName));
-  DxfFile.Write(fk::Format(" 62\n%d\n", ColorIndex));
-  DxfFile.Write(fk::Format(" 999\nRGB=%d\n", RgbValue));
+std::string CDXFLib::StyleGroups() const {
+  char digits[fk::kNumberChars];
+  std::string style = "  8\n" + LayerName + "\n 62\n";
+  style += fk::FormatDecimal(digits, ColorIndex);
+  style += "\n 999\nRGB=";
+  style += fk::FormatDecimal(digits, RgbValue);
+  style += '\n';
+  return style;
 }
 
 // Groups 1n, 2n and 3n of a point, n being `axis`.
 void CDXFLib::WriteCoordinates(char axis, double x, double y, double z) {
-  DxfFile.Write(fk::Format(" 1%c\n%lf\n", axis, x));
-  DxfFile.Write(fk::Format(" 2%c\n%lf\n", axis, y));
-  DxfFile.Write(fk::Format(" 3%c\n%lf\n", axis, z));
+  const char code[3][5] = {{' ', '1', axis, '\n', 0}, {' ', '2', axis, '\n', 0}, {' ', '3', axis, '\n', 0}};
+  WriteNumber(code[0], x);
+  WriteNumber(code[1], y);
+  WriteNumber(code[2], z);
+}
+
+void CDXFLib::WriteNumber(std::string_view code, double value) {
+  char digits[fk::kNumberChars];
+  DxfFile.Write(code);
+  DxfFile.WritePlain(fk::FormatFixed(digits, value, kDecimals));
+  DxfFile.Write("\n");
 }

@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/text/text_file.h"
+#include "platform/text/buffered_text_writer.h"
 
 class CDXFLib {
  public:
@@ -40,12 +40,14 @@ class CDXFLib {
 
   std::int32_t ColorIndex = 0;
   std::int32_t RgbValue = 0;
-  fk::TextWriter DxfFile;
+  fk::BufferedTextWriter DxfFile;
   std::string LayerName = "0";
 
  private:
   bool Open(const std::string& file);
   int WritePolyEntity(const double* x, const double* y, const double* z, std::int32_t count, int closedFlag);
-  void WriteStyle();
+  // The layer, colour index and colour comment groups of an entity.
+  std::string StyleGroups() const;
   void WriteCoordinates(char axis, double x, double y, double z);
+  void WriteNumber(std::string_view code, double value);
 };

@@ -3,10 +3,12 @@
 #include <cmath>
 #include <cstring>
 
-#include "platform/text/format.h"
+#include "platform/text/number_format.h"
 
 namespace {
 constexpr std::size_t kMaxFileName = 255;
+// Corners are written as "%.2lf" writes them.
+constexpr int kDecimals = 2;
 // pi shortened to 3.141592, over 180: the factor the viewer's boxes have
 // always been turned with.
 constexpr double kDegree = 0.01745328888888889;
@@ -94,8 +96,10 @@ void CDXFSelection::WriteBox(double centreX, double centreY, double centreZ, dou
 }
 
 int CDXFSelection::WriteFace(const Point& first, const Point& second, const Point& third, const Point& fourth) {
-  DxfFile.Write("  0\n3DFACE\n  8\n0\n");
-  DxfFile.Write(fk::Format(" 62\n%d\n", m_nFaceColor));
+  char digits[fk::kNumberChars];
+  DxfFile.Write("  0\n3DFACE\n  8\n0\n 62\n");
+  DxfFile.WritePlain(fk::FormatDecimal(digits, m_nFaceColor));
+  DxfFile.Write("\n");
   WriteCorner('0', first);
   WriteCorner('1', second);
   WriteCorner('2', third);
@@ -105,9 +109,17 @@ int CDXFSelection::WriteFace(const Point& first, const Point& second, const Poin
 
 // Groups 1n, 2n and 3n of a corner, n being `index`.
 void CDXFSelection::WriteCorner(char index, const Point& point) {
-  DxfFile.Write(fk::Format(" 1%c\n%.2lf\n", index, point.x));
-  DxfFile.Write(fk::Format(" 2%c\n%.2lf\n", index, point.y));
-  DxfFile.Write(fk::Format(" 3%c\n%.2lf\n", index, point.z));
+  const char code[3][5] = {{' ', '1', index, '\n', 0}, {' ', '2', index, '\n', 0}, {' ', '3', index, '\n', 0}};
+  WriteNumber(code[0], point.x);
+  WriteNumber(code[1], point.y);
+  WriteNumber(code[2], point.z);
+}
+
+void CDXFSelection::WriteNumber(std::string_view code, double value) {
+  char digits[fk::kNumberChars];
+  DxfFile.Write(code);
+  DxfFile.WritePlain(fk::FormatFixed(digits, value, kDecimals));
+  DxfFile.Write("\n");
 }
 
 int CDXFSelection::CloseSelection() {

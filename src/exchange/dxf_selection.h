@@ -7,7 +7,7 @@
 #include <array>
 #include <string>
 
-#include "platform/text/text_file.h"
+#include "platform/text/buffered_text_writer.h"
 
 class CDXFSelection {
  public:
@@ -40,8 +40,9 @@ class CDXFSelection {
 
  private:
   void WriteCorner(char index, const Point& point);
+  void WriteNumber(std::string_view code, double value);
 
-  fk::TextWriter DxfFile;
+  fk::BufferedTextWriter DxfFile;
   std::string m_strFileName;
   int m_nFaceColor = 0;
 };

@@ -3,9 +3,8 @@
 #include "platform/text/number_format.h"
 
 namespace {
-constexpr const char* kOpenPolyline = " 70\n8\n";   // 3D polyline
-constexpr const char* kClosedPolyline = " 70\n9\n"; // 3D polyline, closed
-constexpr const char* kVertexFlag = " 70\n32\n";    // vertex of a 3D polyline
+constexpr int kPolylineFlag = 8;                  // a 3D polyline; 1 more when closed
+constexpr const char* kVertexFlag = " 70\n32\n";  // vertex of a 3D polyline
 constexpr const char* kSectionHeader = "  0\nSECTION\n  2\nHEADER\n";
 constexpr const char* kEndSection = "  0\nENDSEC\n";
 constexpr const char* kSectionEntities = "  0\nSECTION\n  2\nENTITIES\n";
@@ -79,7 +78,7 @@ int CDXFLib::WritePolyEntity(const double* x, const double* y, const double* z, 
   DxfFile.Write("  0\nPOLYLINE\n");
   DxfFile.Write(style);
   DxfFile.Write(" 66\n     1\n");
-  DxfFile.Write(closedFlag ? kClosedPolyline : kOpenPolyline);
+  WriteInteger(" 70\n", kPolylineFlag + closedFlag);
   for (std::int32_t i = 0; i < count; ++i) {
     DxfFile.Write("  0\nVERTEX\n");
     DxfFile.Write(style);
@@ -106,6 +105,13 @@ void CDXFLib::WriteCoordinates(char axis, double x, double y, double z) {
   WriteNumber(code[0], x);
   WriteNumber(code[1], y);
   WriteNumber(code[2], z);
+}
+
+void CDXFLib::WriteInteger(std::string_view code, int value) {
+  char digits[fk::kNumberChars];
+  DxfFile.Write(code);
+  DxfFile.WritePlain(fk::FormatDecimal(digits, value));
+  DxfFile.Write("\n");
 }
 
 void CDXFLib::WriteNumber(std::string_view code, double value) {

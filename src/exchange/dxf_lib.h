@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "platform/text/buffered_text_writer.h"
 
@@ -49,5 +50,7 @@ class CDXFLib {
   // The layer, colour index and colour comment groups of an entity.
   std::string StyleGroups() const;
   void WriteCoordinates(char axis, double x, double y, double z);
+  // A group of code and value; numbers with six decimals.
+  void WriteInteger(std::string_view code, int value);
   void WriteNumber(std::string_view code, double value);
 };

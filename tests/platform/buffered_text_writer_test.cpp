@@ -38,17 +38,4 @@ TEST(BufferedTextWriterTest, PiecesOfEverySizeReachTheFileWithCRLF) {
   EXPECT_EQ(ReadFile(path), TextMode(expected));
 }
 
-TEST(BufferedTextWriterTest, AppendsAndReportsWhatCannotBeOpened) {
-  ScopedFolder folder;
-  const std::string path = folder.Write("log.txt", "old\r\n");
-  fk::BufferedTextWriter writer;
-  EXPECT_FALSE(writer.Open(folder.Path() + "/no/such/folder.txt"));
-  writer.Write("lost\n");
-  EXPECT_FALSE(writer.IsOpen());
-  ASSERT_TRUE(writer.Open(path, "a"));
-  writer.Write("new\n");
-  EXPECT_TRUE(writer.Close());
-  EXPECT_EQ(ReadFile(path), "old\r\nnew\r\n");
-}
-
 }  // namespace

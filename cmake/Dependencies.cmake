@@ -6,3 +6,8 @@ find_package(SQLite3 REQUIRED)
 find_package(fmt REQUIRED)
 
 set(FORMKIT_PLATFORM_LIBS PkgConfig::GIO SQLite::SQLite3 fmt::fmt)
+
+# Picture sizes: the platform's image loader first, then the raster library.
+pkg_check_modules(GDKPIXBUF REQUIRED IMPORTED_TARGET gdk-pixbuf-2.0)
+pkg_check_modules(GDAL REQUIRED IMPORTED_TARGET gdal)
+list(APPEND FORMKIT_PLATFORM_LIBS PkgConfig::GDKPIXBUF PkgConfig::GDAL)

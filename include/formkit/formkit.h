@@ -42,6 +42,27 @@ int BrowseForFolder(int32_t owner, const char *title, char *path);
 /* The host's files. */
 int GetCartomaPenCount(const char *file);
 
+/* DXF files, written entity by entity: DXFCreate or DXFCreateWithBounds,
+   then DXFColor and the entities, then DXFClose. */
+int DXFCreate(const char *file);
+int DXFCreateWithBounds(const char *file, double minX, double minY, double minZ, double maxX, double maxY,
+                        double maxZ);
+int DXFColor(int32_t rgb);
+int DXFPoint(double x, double y, double z);
+int DXFLine(double x1, double y1, double z1, double x2, double y2, double z2);
+int DXFPolyline(const double *x, const double *y, const double *z, int32_t count);
+int DXFRegion(const double *x, const double *y, const double *z, int32_t count);
+int DXFClose(void);
+
+/* Pictures: width and height in pixels; 1, or 0 with both left as they were. */
+int GetPictureSize(const char *file, int32_t *width, int32_t *height);
+
+/* Contour segments of the grid d[i][j] (i from ilb to iub, j from jlb to
+   jub, at x[i], y[j]) for the nc ascending levels z, each given to `line`. */
+int Contour(const double *const *d, int32_t ilb, int32_t iub, int32_t jlb, int32_t jub, const double *x,
+            const double *y, int32_t nc, const double *z,
+            void (*line)(double x1, double y1, double x2, double y2, double level));
+
 #ifdef __cplusplus
 }
 #endif

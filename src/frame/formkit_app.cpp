@@ -1,5 +1,6 @@
 #include "frame/formkit_app.h"
 
+#include "exchange/raster_tab_writer.h"
 #include "host/cartoma.h"
 #include "host/product_variant.h"
 #include "platform/folders/folders.h"
@@ -48,6 +49,20 @@ void CFormkitApp::SwitchProfile(const char* name) {
 }
 
 int CFormkitApp::Connect(std::int32_t dispatch, int checkApp) { return g_Cartoma.Connect(dispatch, checkApp); }
+
+int CFormkitApp::WriteRasterTab(const std::string& tabPath, const std::string& imageName, double left, double bottom,
+                                double right, double top, const char* coordSys, std::int32_t transparentColor) {
+  return WriteRasterTabFile(tabPath, imageName, left, bottom, right, top, coordSys ? coordSys : "", transparentColor);
+}
+
+int CFormkitApp::RewriteRasterTab(const std::string& tabPath, const std::string& imageName,
+                                  const std::vector<std::int32_t>& pixelX, const std::vector<std::int32_t>& pixelY,
+                                  const std::vector<double>& worldX, const std::vector<double>& worldY,
+                                  const char* coordSys, const std::vector<std::string>* lines) {
+  static const std::vector<std::string> kNoLines;
+  return RewriteRasterTabFile(tabPath, imageName, pixelX, pixelY, worldX, worldY, coordSys ? coordSys : "",
+                              lines ? *lines : kNoLines);
+}
 
 // The module starts once both globals stand: the framework calls InitInstance.
 namespace {

@@ -4,7 +4,9 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
+#include "exchange/dxf_lib.h"
 #include "platform/app/app_base.h"
 
 class CFormkitApp : public fk::AppBase {
@@ -23,12 +25,23 @@ class CFormkitApp : public fk::AppBase {
   // The host session's Connect (it works on g_CartomaDriver).
   int Connect(std::int32_t dispatch, int checkApp);
 
+  // Raster registration tables: a new one over a rectangle, and one from
+  // control points that may keep the lines of an old table. A null clause
+  // means none; null lines mean a new head.
+  int WriteRasterTab(const std::string& tabPath, const std::string& imageName, double left, double bottom,
+                     double right, double top, const char* coordSys, std::int32_t transparentColor);
+  int RewriteRasterTab(const std::string& tabPath, const std::string& imageName,
+                       const std::vector<std::int32_t>& pixelX, const std::vector<std::int32_t>& pixelY,
+                       const std::vector<double>& worldX, const std::vector<double>& worldY, const char* coordSys,
+                       const std::vector<std::string>* lines);
+
   std::string m_strProduct;
   std::string m_strGroupKey;
   std::string m_strAliasKey;
   std::string m_strDXFSelectionFile = "c:\\Selection.dxf";
   std::string m_strLogOGBFile;
   int m_bUseNameAlias = 0;
+  CDXFLib m_DXF;
   int m_nViewerProcessID = 0;
   int m_nPointSize = 5;
   int m_nGridCompression = 30;

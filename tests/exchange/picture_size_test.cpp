@@ -1,0 +1,46 @@
+// GetPictureSize: the platform's loader first, the raster library for what
+// it can't read, and untouched outputs on every failure.
+#include <gtest/gtest.h>
+
+#include "exchange/test_pictures.h"
+#include "formkit/formkit.h"
+#include "support/session_fixture.h"
+
+namespace {
+
+TEST(PictureSizeTest, PicturesOfBothLibrariesGiveTheirSize) {
+  ScopedFolder folder;
+  int32_t width = 0, height = 0;
+  EXPECT_EQ(GetPictureSize(folder.Write("photo.png", kPng5x3).c_str(), &width, &height), 1);
+  EXPECT_EQ(width, 5);
+  EXPECT_EQ(height, 3);
+
+  EXPECT_EQ(GetPictureSize(folder.Write("dem.asc", kAsciiGrid4x2).c_str(), &width, &height), 1)
+      << "a grid only the raster library reads";
+  EXPECT_EQ(width, 4);
+  EXPECT_EQ(height, 2);
+
+  folder.Write("Maps/Dot.PNG", kPng1x1);
+  EXPECT_EQ(GetPictureSize((folder.Path() + "\\MAPS\\DOT.png").c_str(), &width, &height), 1)
+      << "the path is written the system's way";
+  EXPECT_EQ(width, 1);
+  EXPECT_EQ(height, 1);
+}
+
+TEST(PictureSizeTest, MissingEmptyAndCorruptFilesGiveZeroAndLeaveTheOutputs) {
+  ScopedFolder folder;
+  const std::string files[] = {folder.Path() + "/missing.png", folder.Write("empty.png", ""),
+                               folder.Write("corrupt.png", "\x89PNG but nothing a decoder can read"),
+                               folder.Write("notes.txt", "not a picture at all\n"), folder.Path()};
+  for (const std::string& file : files) {
+    int32_t width = -7, height = -9;
+    EXPECT_EQ(GetPictureSize(file.c_str(), &width, &height), 0) << file;
+    EXPECT_EQ(width, -7) << file;
+    EXPECT_EQ(height, -9) << file;
+  }
+  int32_t width = 0;
+  EXPECT_EQ(GetPictureSize(folder.Write("a.png", kPng1x1).c_str(), &width, nullptr), 0);
+  EXPECT_EQ(GetPictureSize(nullptr, &width, &width), 0);
+}
+
+}  // namespace

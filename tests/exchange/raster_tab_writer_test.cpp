@@ -1,0 +1,168 @@
+// Raster registration tables written from a rectangle and from control
+// points, read back the way the host session reads them.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "exchange/dxf_text.h"
+#include "exchange/tab_coordsys.h"
+#include "exchange/test_pictures.h"
+#include "frame/formkit_app.h"
+#include "host/cartoma.h"
+#include "support/session_fixture.h"
+
+using ::testing::ElementsAre;
+
+namespace {
+
+const std::string kHead =
+    "!table\n!version 550\n!charset WindowsLatin1\n\nDefinition Table\n"
+    "  File \"photo.png\"\n  Type \"RASTER\"\n";
+
+TEST(TabCoordSysTest, TheClauseGivesTheLineAndTheUnits) {
+  struct Case {
+    const char* clause;
+    const char* line;
+    const char* units;
+  };
+  const Case cases[] = {
+      {"", "  CoordSys NonEarth Units \"m\"\n", "m"},
+      {"1, 104", "  CoordSys Earth Projection 1, 104\n", "degree"},
+      {"10, 104", "  CoordSys Earth Projection 10, 104\n", "m"},
+      {"Earth Projection 1, 0", "  CoordSys Earth Projection 1, 0\n", "degree"},
+      {"3, 62, \"FT\", -96, 23", "  CoordSys Earth Projection 3, 62, \"FT\", -96, 23\n", "ft"},
+      {"earth projection 8, 104, \"m\", 21", "  CoordSys earth projection 8, 104, \"m\", 21\n", "m"},
+      {"NonEarth Units \"mi\" Bounds (0, 0) (9, 9)", "  CoordSys NonEarth Units \"mi\" Bounds (0, 0) (9, 9)\n", "mi"},
+      {"CoordSys Earth Projection 1, 104", "  CoordSys Earth Projection 1, 104\n", "degree"},
+      {"\"x\" Earth Projection 1, 104", "  CoordSys \"x\" Earth Projection 1, 104\n", "degree"},
+      {"\"ft\" 8, 104", "  CoordSys Earth Projection \"ft\" 8, 104\n", "m"},
+      {"Earth Projection 8, 104, \"m", "  CoordSys Earth Projection 8, 104, \"m\n", "m"},
+      {"NonEarth Units \"\"", "  CoordSys NonEarth Units \"\"\n", ""},
+      {"50% \"Cm\"", "  CoordSys Earth Projection 50% \"Cm\"\n", "cm"},
+  };
+  for (const Case& c : cases) {
+    const TabCoordSys described = DescribeTabCoordSys(c.clause);
+    EXPECT_EQ(described.strLine, c.line) << c.clause;
+    EXPECT_EQ(described.strUnits, c.units) << c.clause;
+  }
+}
+
+class RasterTabTest : public SessionTest {
+ protected:
+  std::string Tab(const char* name) const { return m_folder.Path() + "/" + name; }
+
+  ScopedFolder m_folder;
+};
+
+TEST_F(RasterTabTest, ATableFromARectangleTiesThePictureCornersToIt) {
+  m_folder.Write("photo.png", kPng5x3);
+  ASSERT_EQ(theApp.WriteRasterTab(Tab("photo.tab"), "photo.png", 500000, 7000000.5, 501000.25, 7001000, nullptr, -1),
+            1);
+  EXPECT_EQ(ReadFile(Tab("photo.tab")),
+            OnDisk(kHead +
+                   "  (500000.000000,7001000.000000) (0,0) Label \"Pt 1\",\n"
+                   "  (501000.250000,7001000.000000) (4,0) Label \"Pt 2\",\n"
+                   "  (501000.250000,7000000.500000) (4,2) Label \"Pt 3\",\n"
+                   "  (500000.000000,7000000.500000) (0,2) Label \"Pt 4\"\n"
+                   "  CoordSys NonEarth Units \"m\"\n"
+                   "  Units \"m\"\n"));
+
+  std::vector<double> xs, ys;
+  std::vector<unsigned long> px, py;
+  g_Cartoma.ReadTabControlPoints(Tab("photo.tab"), xs, ys, px, py);
+  EXPECT_THAT(px, ElementsAre(0u, 4u, 4u, 0u));
+  EXPECT_THAT(py, ElementsAre(0u, 0u, 2u, 2u));
+  EXPECT_THAT(ys, ElementsAre(7001000, 7001000, 7000000.5, 7000000.5));
+  EXPECT_EQ(g_Cartoma.GetRasterFileName(Tab("photo.tab")), "PHOTO.PNG");
+}
+
+TEST_F(RasterTabTest, ColourZeroIsTransparentAndAOnePixelPictureHasOnePixelCorners) {
+  m_folder.Write("dot.png", kPng1x1);
+  ASSERT_EQ(theApp.WriteRasterTab(Tab("dot.tab"), "dot.png", 0, 0, 1, 1, "1, 104", 0), 1);
+  const std::string text = ReadFile(Tab("dot.tab"));
+  EXPECT_TRUE(text.ends_with(OnDisk("  (0.000000,1.000000) (0,0) Label \"Pt 1\",\n"
+                                    "  (1.000000,1.000000) (0,0) Label \"Pt 2\",\n"
+                                    "  (1.000000,0.000000) (0,0) Label \"Pt 3\",\n"
+                                    "  (0.000000,0.000000) (0,0) Label \"Pt 4\"\n"
+                                    "  CoordSys Earth Projection 1, 104\n"
+                                    "  Units \"degree\"\n"
+                                    "  RasterStyle 4 1\n"
+                                    "  RasterStyle 7 0\n")))
+      << text;
+}
+
+TEST_F(RasterTabTest, APathInTheImageNameIsProbedAndWrittenAsGiven) {
+  m_folder.Write("images/scan.png", kPng5x3);
+  const std::string image = m_folder.Path() + "\\IMAGES\\scan.png";
+  ASSERT_EQ(theApp.WriteRasterTab(Tab("scan.tab"), image, 0, 0, 1, 1, "", 16777215), 1);
+  EXPECT_NE(ReadFile(Tab("scan.tab")).find("  File \"" + image + "\"\r\n"), std::string::npos);
+
+  EXPECT_EQ(theApp.WriteRasterTab(Tab("beside.tab"), "scan.png", 0, 0, 1, 1, "", -1), 0)
+      << "a bare name is looked for beside the table only";
+  EXPECT_FALSE(std::filesystem::exists(Tab("beside.tab"))) << "no picture, no table";
+  EXPECT_EQ(theApp.WriteRasterTab(Tab("gone/scan.tab"), image, 0, 0, 1, 1, "", -1), 0);
+}
+
+TEST_F(RasterTabTest, ControlPointsMakeANewTableWhenThereAreNoOldLines) {
+  ASSERT_EQ(theApp.RewriteRasterTab(Tab("new.tab"), "photo.png", {0, 640, -3}, {0, 480, 7}, {1.5, 2.5, 3.5},
+                                    {-1, -2, -3}, "Earth Projection 8, 104, \"M\", 3", nullptr),
+            1);
+  EXPECT_EQ(ReadFile(Tab("new.tab")),
+            OnDisk(kHead +
+                   "  (1.500000,-1.000000) (0,0) Label \"Pt 1\",\n"
+                   "  (2.500000,-2.000000) (640,480) Label \"Pt 2\",\n"
+                   "  (3.500000,-3.000000) (-3,7) Label \"Pt 3\"\n"
+                   "  CoordSys Earth Projection 8, 104, \"M\", 3\n"
+                   "  Units \"m\"\n"));
+
+  const std::vector<std::string> none;
+  ASSERT_EQ(theApp.RewriteRasterTab(Tab("bare.tab"), "photo.png", {}, {}, {}, {}, "NonEarth Units \"\"", &none), 1);
+  EXPECT_EQ(ReadFile(Tab("bare.tab")), OnDisk(kHead + "  CoordSys NonEarth Units \"\"\n"))
+      << "no points, no line for them; empty units, no Units line";
+  EXPECT_EQ(theApp.RewriteRasterTab(Tab("short.tab"), "photo.png", {1, 2}, {1, 2}, {1}, {1, 2}, nullptr, nullptr), 0);
+}
+
+TEST_F(RasterTabTest, KeptLinesStayAsTheyStandWhilePointsCoordinatesAndUnitsAreReplaced) {
+  const std::vector<std::string> old = {
+      "!table\n", "!version 300\n", "Definition Table\n", "  File \"Old 100%d.jpg\"\n", "  Type \"RASTER\"\n",
+      "  (1,2) (3,4) Label \"Pt 1\",\n", "  (5,6) (7,8) Label \"Pt 2\"\n",
+      "  CoordSys Earth Projection 8, 104, \"m\", 3\n", "  Units \"m\"\n", "  RasterStyle 4 1\n",
+      "begin_metadata\n", "\"\\Note\" = \"a LABEL here %s\"\n", "\"\\Owner\" = \"Survey\"\n"};
+  ASSERT_EQ(theApp.RewriteRasterTab(Tab("kept.tab"), "ignored.png", {0, 10}, {0, 20}, {100, 200}, {300, 400},
+                                    "1, 104", &old),
+            1);
+  EXPECT_EQ(ReadFile(Tab("kept.tab")),
+            OnDisk("!table\n!version 300\nDefinition Table\n  File \"Old 100%d.jpg\"\n  Type \"RASTER\"\n"
+                   "  (100.000000,300.000000) (0,0) Label \"Pt 1\",\n"
+                   "  (200.000000,400.000000) (10,20) Label \"Pt 2\"\n"
+                   "  CoordSys Earth Projection 1, 104\n"
+                   "  Units \"degree\"\n  RasterStyle 4 1\nbegin_metadata\n\"\\Owner\" = \"Survey\"\n"))
+      << "a line with LABEL between blanks goes even from the metadata";
+
+  ASSERT_EQ(theApp.RewriteRasterTab(Tab("unitless.tab"), "", {0}, {0}, {1}, {1}, "NonEarth Units \"\"", &old), 1);
+  EXPECT_EQ(ReadFile(Tab("unitless.tab")).find("Units \"m\""), std::string::npos) << "empty units drop the line";
+
+  const std::vector<std::string> noUnits = {"Definition Table\n", "  File \"a.jpg\"\n", "  RasterStyle 7 255\n"};
+  ASSERT_EQ(theApp.RewriteRasterTab(Tab("plain.tab"), "", {0}, {0}, {1}, {2}, nullptr, &noUnits), 1);
+  EXPECT_EQ(ReadFile(Tab("plain.tab")),
+            OnDisk("Definition Table\n  File \"a.jpg\"\n  RasterStyle 7 255\n"
+                   "  (1.000000,2.000000) (0,0) Label \"Pt 1\"\n  CoordSys NonEarth Units \"m\"\n"))
+      << "lines that never reach a point or coordinate line all stay in front; no Units line is added";
+}
+
+TEST_F(RasterTabTest, ATableReadFromDiskIsRewrittenWithItsOwnLineEnds) {
+  const std::string path = m_folder.Write(
+      "disk.tab",
+      "!table\r\n!version 450\r\n\r\nDefinition Table\r\n  File \"dem.grd\"\r\n  Type \"RASTER\"\r\n"
+      "  (0,0) (0,0) Label \"Pt 1\"\r\n  CoordSys NonEarth Units \"m\"\r\n  Units \"m\"\r\n  RasterStyle 6 1\r\n");
+  std::vector<std::string> lines;
+  g_Cartoma.ReadTextLines(path, lines);
+  ASSERT_EQ(theApp.RewriteRasterTab(path, "dem.grd", {0}, {0}, {5}, {6}, "NonEarth Units \"ft\"", &lines), 1);
+  EXPECT_EQ(ReadFile(path),
+            "!table\r\n!version 450\r\n\r\nDefinition Table\r\n  File \"dem.grd\"\r\n  Type \"RASTER\"\r\n"
+            "  (5.000000,6.000000) (0,0) Label \"Pt 1\"\r\n  CoordSys NonEarth Units \"ft\"\r\n  Units \"ft\"\r\n"
+            "  RasterStyle 6 1\r\n");
+}
+
+}  // namespace

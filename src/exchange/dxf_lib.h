@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/text/buffered_text_writer.h"
+#include "platform/text/text_writer.h"
 
 class CDXFLib {
  public:
@@ -41,7 +41,7 @@ class CDXFLib {
 
   std::int32_t ColorIndex = 0;
   std::int32_t RgbValue = 0;
-  fk::BufferedTextWriter DxfFile;
+  fk::TextWriter DxfFile;
   std::string LayerName = "0";
 
  private:

@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/text/buffered_text_writer.h"
+#include "platform/text/text_writer.h"
 
 class CDXFSelection {
  public:
@@ -43,7 +43,7 @@ class CDXFSelection {
   void WriteCorner(char index, const Point& point);
   void WriteNumber(std::string_view code, double value);
 
-  fk::BufferedTextWriter DxfFile;
+  fk::TextWriter DxfFile;
   std::string m_strFileName;
   int m_nFaceColor = 0;
 };

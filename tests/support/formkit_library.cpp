@@ -11,8 +11,8 @@
 FormkitLibrary::FormkitLibrary(bool freshCopy) {
   std::string path = FORMKIT_LIBRARY_PATH;
   if (freshCopy) {
-    char pattern[] = "/tmp/formkit-copy-XXXXXX";
-    const int fd = mkstemp(pattern);
+    std::string pattern = (std::filesystem::temp_directory_path() / "formkit-copy-XXXXXX").string();
+    const int fd = mkstemp(pattern.data());
     if (fd < 0) throw std::runtime_error("no temporary file for a library copy");
     close(fd);
     m_copy = pattern;

@@ -1,5 +1,6 @@
 // Text files the way the system reads and writes them: lines end in CR LF on
-// disk, and readers accept CR LF and LF alike. Paths go through Native().
+// disk (TextWriter), and readers accept CR LF and LF alike. Paths go through
+// Native().
 #pragma once
 
 #include <cstdio>
@@ -7,28 +8,9 @@
 #include <string>
 #include <string_view>
 
+#include "platform/text/text_writer.h"
+
 namespace fk {
-
-// Writes text, turning every "\n" into "\r\n" on disk (a text-mode file).
-class TextWriter {
- public:
-  TextWriter() = default;
-  TextWriter(const TextWriter&) = delete;
-  TextWriter& operator=(const TextWriter&) = delete;
-  ~TextWriter() { Close(); }
-
-  // mode "w" truncates or creates, "a" appends. False when it can't be opened.
-  bool Open(std::string_view path, const char* mode = "w");
-  bool IsOpen() const { return m_file != nullptr; }
-  void Write(std::string_view text);
-  void WriteLine(std::string_view line) { Write(line); Write("\n"); }
-  // False when something could not be written.
-  bool Close();
-
- private:
-  std::FILE* m_file = nullptr;
-  bool m_bFailed = false;
-};
 
 // Reads a text file in pieces, the way fgets reads a text-mode file: a piece
 // ends after "\n" or when it holds maxChars - 1 characters; "\r\n" reads as

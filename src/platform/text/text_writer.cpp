@@ -1,4 +1,4 @@
-#include "platform/text/buffered_text_writer.h"
+#include "platform/text/text_writer.h"
 
 #include <cstring>
 #include <string>
@@ -14,9 +14,9 @@ std::string BinaryMode(const char* mode) {
 }
 }  // namespace
 
-BufferedTextWriter::BufferedTextWriter() : m_buffer(new char[kBufferSize]) {}
+TextWriter::TextWriter() : m_buffer(new char[kBufferSize]) {}
 
-bool BufferedTextWriter::Open(std::string_view path, const char* mode) {
+bool TextWriter::Open(std::string_view path, const char* mode) {
   Close();
   m_file = std::fopen(Native(path).c_str(), BinaryMode(mode).c_str());
   m_bFailed = false;
@@ -24,7 +24,7 @@ bool BufferedTextWriter::Open(std::string_view path, const char* mode) {
   return m_file != nullptr;
 }
 
-void BufferedTextWriter::WritePlainInPieces(std::string_view text) {
+void TextWriter::WritePlainInPieces(std::string_view text) {
   if (!m_file) return;
   while (!text.empty()) {
     if (m_nUsed == kBufferSize) Flush();
@@ -35,7 +35,7 @@ void BufferedTextWriter::WritePlainInPieces(std::string_view text) {
   }
 }
 
-void BufferedTextWriter::WriteInPieces(std::string_view text) {
+void TextWriter::WriteInPieces(std::string_view text) {
   if (!m_file) return;
   while (!text.empty()) {
     const void* found = std::memchr(text.data(), '\n', text.size());
@@ -47,12 +47,12 @@ void BufferedTextWriter::WriteInPieces(std::string_view text) {
   }
 }
 
-void BufferedTextWriter::Flush() {
+void TextWriter::Flush() {
   if (m_nUsed > 0 && std::fwrite(m_buffer.get(), 1, m_nUsed, m_file) != m_nUsed) m_bFailed = true;
   m_nUsed = 0;
 }
 
-bool BufferedTextWriter::Close() {
+bool TextWriter::Close() {
   if (!m_file) return !m_bFailed;
   Flush();
   const bool closed = std::fclose(m_file) == 0;

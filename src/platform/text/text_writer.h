@@ -1,7 +1,7 @@
-// A text-mode file writer for long runs of small pieces, such as the groups
-// of a DXF file: the same bytes as TextWriter ("\n" reaches the disk as
-// "\r\n"), collected in a buffer of its own and handed to the file in large
-// blocks. Paths go through Native().
+// Writes text files the way the system does, in text mode: every "\n"
+// reaches the disk as "\r\n". Built for long runs of small pieces, such as
+// the groups of a DXF file: the text is collected in a buffer of its own and
+// handed to the file in large blocks. Paths go through Native().
 #pragma once
 
 #include <cstdio>
@@ -11,13 +11,13 @@
 
 namespace fk {
 
-class BufferedTextWriter {
+class TextWriter {
  public:
-  BufferedTextWriter();
-  BufferedTextWriter(const BufferedTextWriter&) = delete;
-  BufferedTextWriter& operator=(const BufferedTextWriter&) = delete;
+  TextWriter();
+  TextWriter(const TextWriter&) = delete;
+  TextWriter& operator=(const TextWriter&) = delete;
   // What was written reaches the file; nothing is added to it.
-  ~BufferedTextWriter() { Close(); }
+  ~TextWriter() { Close(); }
 
   // mode "w" truncates or creates, "a" appends. An open file is closed
   // first. False when the file can't be opened.
@@ -38,6 +38,10 @@ class BufferedTextWriter {
     } else {
       WritePlainInPieces(text);
     }
+  }
+  void WriteLine(std::string_view line) {
+    Write(line);
+    Write("\n");
   }
   // False when something could not be written.
   bool Close();

@@ -5,7 +5,7 @@
 #include <random>
 #include <string>
 
-#include "platform/text/buffered_text_writer.h"
+#include "platform/text/text_writer.h"
 #include "support/session_fixture.h"
 
 namespace {
@@ -16,12 +16,12 @@ std::string TextMode(const std::string& text) {
   return bytes;
 }
 
-TEST(BufferedTextWriterTest, PiecesOfEverySizeReachTheFileWithCRLF) {
+TEST(TextWriterTest, PiecesOfEverySizeReachTheFileWithCRLF) {
   ScopedFolder folder;
   const std::string path = folder.Path() + "/pieces.txt";
   std::mt19937 random(5);
   std::string expected;
-  fk::BufferedTextWriter writer;
+  fk::TextWriter writer;
   ASSERT_TRUE(writer.Open(path));
   for (int piece = 0; piece < 3000; ++piece) {
     const std::size_t size = piece % 500 == 7 ? 70000 + random() % 70000 : random() % 40;

@@ -6,3 +6,7 @@ find_package(SQLite3 REQUIRED)
 find_package(fmt REQUIRED)
 
 set(FORMKIT_PLATFORM_LIBS PkgConfig::GIO SQLite::SQLite3 fmt::fmt)
+
+# SimpleIni (libsimpleini-dev): the settings files.
+pkg_check_modules(SIMPLEINI REQUIRED IMPORTED_TARGET simpleini)
+list(APPEND FORMKIT_PLATFORM_LIBS PkgConfig::SIMPLEINI)

@@ -36,6 +36,11 @@ int GetProcessID(void);
 /* The host's files. */
 int GetCartomaPenCount(const char *file);
 
+/* File and process utilities. */
+int CopyDirectory(const char *source, const char *target);
+int CreateNewDirectory(const char *directory);
+int RunProgramAndWaitForExit(const char *program, const char *arguments);
+
 #ifdef __cplusplus
 }
 #endif

@@ -36,6 +36,17 @@ int GetProcessID(void);
 /* The host's files. */
 int GetCartomaPenCount(const char *file);
 
+/* Settings. `value` and `directory` out-buffers belong to the caller, who
+   makes them large enough: the whole text is copied (a setting's value is
+   at most 1023 characters). */
+int GetAppSetting(const char *section, const char *key, char *value, const char *file);
+int SetAppSetting(const char *section, const char *key, const char *value, const char *file);
+int GetPreferenceDirectory(int index, char *directory);
+int SaveConfigDirInRegistry(const char *directory);
+int SaveProjectDirectoryInRegistry(const char *directory);
+int ClearAllOpenGridsInRegistry(void);
+int SaveAllOpenGridsInRegistry(void);
+
 /* File and process utilities. */
 int CopyDirectory(const char *source, const char *target);
 int CreateNewDirectory(const char *directory);

@@ -47,6 +47,11 @@ int SaveProjectDirectoryInRegistry(const char *directory);
 int ClearAllOpenGridsInRegistry(void);
 int SaveAllOpenGridsInRegistry(void);
 
+/* News feed check. */
+int GetRSSRegistry(void);
+int SetRSSRegistry(int days);
+int DisplayNewFeeds(void);
+
 /* File and process utilities. */
 int CopyDirectory(const char *source, const char *target);
 int CreateNewDirectory(const char *directory);

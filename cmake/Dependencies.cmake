@@ -11,3 +11,7 @@ set(FORMKIT_PLATFORM_LIBS PkgConfig::GIO SQLite::SQLite3 fmt::fmt)
 pkg_check_modules(GDKPIXBUF REQUIRED IMPORTED_TARGET gdk-pixbuf-2.0)
 pkg_check_modules(GDAL REQUIRED IMPORTED_TARGET gdal)
 list(APPEND FORMKIT_PLATFORM_LIBS PkgConfig::GDKPIXBUF PkgConfig::GDAL)
+
+# SimpleIni (libsimpleini-dev): the settings files.
+pkg_check_modules(SIMPLEINI REQUIRED IMPORTED_TARGET simpleini)
+list(APPEND FORMKIT_PLATFORM_LIBS PkgConfig::SIMPLEINI)

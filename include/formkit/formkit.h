@@ -63,6 +63,27 @@ int Contour(const double *const *d, int32_t ilb, int32_t iub, int32_t jlb, int32
             const double *y, int32_t nc, const double *z,
             void (*line)(double x1, double y1, double x2, double y2, double level));
 
+/* Settings. `value` and `directory` out-buffers belong to the caller, who
+   makes them large enough: the whole text is copied (a setting's value is
+   at most 1023 characters). */
+int GetAppSetting(const char *section, const char *key, char *value, const char *file);
+int SetAppSetting(const char *section, const char *key, const char *value, const char *file);
+int GetPreferenceDirectory(int index, char *directory);
+int SaveConfigDirInRegistry(const char *directory);
+int SaveProjectDirectoryInRegistry(const char *directory);
+int ClearAllOpenGridsInRegistry(void);
+int SaveAllOpenGridsInRegistry(void);
+
+/* News feed check. */
+int GetRSSRegistry(void);
+int SetRSSRegistry(int days);
+int DisplayNewFeeds(void);
+
+/* File and process utilities. */
+int CopyDirectory(const char *source, const char *target);
+int CreateNewDirectory(const char *directory);
+int RunProgramAndWaitForExit(const char *program, const char *arguments);
+
 #ifdef __cplusplus
 }
 #endif

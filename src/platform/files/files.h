@@ -18,5 +18,8 @@ std::string CurrentFolder();
 bool SetCurrentFolder(std::string_view path);
 // Up to `count` bytes from the start of the file; nothing when it can't be opened.
 std::optional<std::string> ReadHead(std::string_view path, std::size_t count);
+// The whole file, read at once; nothing when it can't be read or is larger
+// than `maxBytes`.
+std::optional<std::string> ReadWholeFile(std::string_view path, std::size_t maxBytes);
 
 }  // namespace fk

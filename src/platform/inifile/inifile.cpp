@@ -1,0 +1,72 @@
+#include "platform/inifile/inifile.h"
+
+// The converter the distribution's library is built with; narrow text
+// itself passes through unconverted (CSimpleIniA).
+#define SI_CONVERT_ICU
+#include <SimpleIni.h>
+
+#include <filesystem>
+#include <memory>
+
+#include "platform/paths/paths.h"
+#include "platform/text/text_file.h"
+
+namespace fk {
+namespace {
+
+// Names compare ignoring case; narrow text kept as it is, one value per key (a later line wins), no
+// multi-line values, "key=value" without blanks when written.
+std::unique_ptr<CSimpleIniA> NewIniFile() {
+  auto ini = std::make_unique<CSimpleIniA>(false, false, false);
+  ini->SetSpaces(false);
+  ini->SetQuotes(true);
+  return ini;
+}
+
+// Loads the file; a file that isn't there is an empty one. False when the
+// file is there but can't be read.
+bool Load(CSimpleIniA& ini, const std::string& nativePath) {
+  std::error_code ec;
+  if (!std::filesystem::exists(nativePath, ec)) return true;
+  return ini.LoadFile(nativePath.c_str()) >= 0;
+}
+
+bool Save(const CSimpleIniA& ini, std::string_view file) {
+  std::string text;
+  if (ini.Save(text) < 0) return false;
+  TextWriter writer;
+  if (!writer.Open(file)) return false;
+  writer.Write(text);
+  return writer.Close();
+}
+
+}  // namespace
+
+std::string GetPrivateProfileString(std::string_view section, std::string_view key,
+                                    std::string_view defaultValue, std::size_t size, std::string_view file) {
+  if (size == 0) return {};
+  auto ini = NewIniFile();
+  const char* found = nullptr;
+  if (Load(*ini, Native(file)))
+    found = ini->GetValue(std::string(section).c_str(), std::string(key).c_str(), nullptr);
+  std::string value(found ? std::string_view(found) : defaultValue);
+  if (value.size() > size - 1) value.resize(size - 1);
+  return value;
+}
+
+bool WritePrivateProfileString(std::string_view section, std::optional<std::string_view> key,
+                               std::optional<std::string_view> value, std::string_view file) {
+  auto ini = NewIniFile();
+  if (!Load(*ini, Native(file))) return false;
+  const std::string sectionName(section);
+  if (!key) {
+    ini->Delete(sectionName.c_str(), nullptr);
+  } else if (!value) {
+    ini->Delete(sectionName.c_str(), std::string(*key).c_str());
+  } else if (ini->SetValue(sectionName.c_str(), std::string(*key).c_str(), std::string(*value).c_str()) < 0) {
+    return false;
+  }
+  return Save(*ini, file);
+}
+
+}  // namespace fk

@@ -1,0 +1,111 @@
+// The host's preference file: the block of directories, read once a session.
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <cstring>
+
+#include "formkit/formkit.h"
+#include "settings/preference_file.h"
+#include "support/scoped_app_data.h"
+#include "support/session_fixture.h"
+
+namespace {
+
+std::string Word(int value) {
+  return std::string{static_cast<char>(value & 0xFF), static_cast<char>((value >> 8) & 0xFF)};
+}
+
+std::string Record(int type, const std::string& body) { return Word(type) + Word(static_cast<int>(body.size())) + body; }
+
+std::string File(int count, const std::string& records) { return Word(0xD1D2) + Word(count) + records; }
+
+// A directory record with `text` at `offset` and the block filled to its end.
+std::string DirectoryRecord(std::size_t offset, const std::string& text) {
+  std::string block(PREFERENCE_BLOCK_SIZE, '\0');
+  block.replace(offset, text.size(), text);
+  return Record(11, block);
+}
+
+class PreferenceFileTest : public SessionTest {
+ protected:
+  void SetUp() override {
+    SessionTest::SetUp();
+    g_bPreferencesRead = 0;
+  }
+  void TearDown() override {
+    g_bPreferencesRead = 0;
+    SessionTest::TearDown();
+  }
+  void WritePreferences(const std::string& bytes) { m_appData.Write("Cartoma/Cartoma/CARTOMAW.PRF", bytes); }
+  std::string Directory(int index) {
+    char buffer[300];
+    std::strcpy(buffer, "untouched");
+    m_lastResult = GetPreferenceDirectory(index, buffer);
+    return buffer;
+  }
+
+  ScopedAppData m_appData;
+  int m_lastResult = -1;
+};
+
+TEST_F(PreferenceFileTest, DirectoriesStandAtTheirOffsetsInTheDirectoryRecord) {
+  std::string block(PREFERENCE_BLOCK_SIZE, '\0');
+  block.replace(0x0000, 8, "/maps/0\0", 8);
+  block.replace(0x0200, 7, "/maps/2", 7);
+  block.replace(0x1402, 7, "/maps/3", 7);
+  block.replace(0x1E02, 0x100, std::string(0x100, 'z'));  // the last one fills the block, unterminated
+  WritePreferences(File(3, Record(4, "skip me") + Record(11, block) + Record(12, "after")));
+
+  EXPECT_EQ(Directory(0), "/maps/0");
+  EXPECT_EQ(m_lastResult, 1);
+  EXPECT_EQ(Directory(1), "");
+  EXPECT_EQ(Directory(2), "/maps/2");
+  EXPECT_EQ(Directory(3), "/maps/3") << "index 3 stands behind the host's gap";
+  EXPECT_EQ(Directory(13), std::string(0x100, 'z'));
+  EXPECT_EQ(Directory(14), "untouched");
+  EXPECT_EQ(m_lastResult, 0);
+  EXPECT_EQ(Directory(-1), "untouched");
+}
+
+TEST_F(PreferenceFileTest, AFailedReadIsTriedAgainAndASuccessfulOneIsKept) {
+  EXPECT_EQ(Directory(0), "untouched") << "no file";
+  WritePreferences(Word(0xD2D1) + Word(1) + DirectoryRecord(0, "/wrong"));
+  EXPECT_EQ(Directory(0), "untouched");
+  EXPECT_EQ(Directory(0), "untouched");
+  WritePreferences(File(1, DirectoryRecord(0, "/first")));
+  EXPECT_EQ(Directory(0), "/first");
+  WritePreferences(File(1, DirectoryRecord(0, "/second")));
+  EXPECT_EQ(Directory(0), "/first") << "the file is read once a session";
+}
+
+TEST(PreferenceBlockTest, MalformedFilesAreRefused) {
+  PreferenceBlock block;
+  const std::string directories = DirectoryRecord(0, "/maps");
+  const std::string shortDirectories = Word(11) + Word(0x200) + std::string(0x1FF, 'a');
+  struct Case {
+    const char* what;
+    std::string bytes;
+    bool accepted;
+  } cases[] = {
+      {"empty", "", false},
+      {"magic only", Word(0xD1D2), false},
+      {"no records", File(0, ""), false},
+      {"a negative count", File(-3, directories), false},
+      {"fewer records than counted", File(2, directories), false},
+      {"a record header cut short", File(1, Word(4)), false},
+      {"a directory record cut short", File(1, shortDirectories), false},
+      {"a length before the start of the file", File(1, Word(4) + Word(-100)), false},
+      {"a length past the end of the last record", File(1, Word(4) + Word(500) + "abc"), true},
+      {"a length that leads back, bounded by the count", File(3, Word(4) + Word(-4)), true},
+      {"no directory record", File(1, Record(4, "x")), true},
+      {"a long directory record", File(1, Record(11, std::string(0x2000, 'q'))), true},
+  };
+  for (const Case& c : cases) EXPECT_EQ(ReadPreferenceBlock(c.bytes, block), c.accepted) << c.what;
+
+  ASSERT_TRUE(ReadPreferenceBlock(File(1, Record(11, "/short")), block));
+  EXPECT_EQ(std::memcmp(block.data(), "/short\0", 7), 0);
+  ASSERT_TRUE(ReadPreferenceBlock(File(1, Record(4, "x")), block));
+  EXPECT_EQ(block[0], 0) << "each read starts from an empty block";
+}
+
+}  // namespace

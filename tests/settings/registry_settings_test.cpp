@@ -1,0 +1,112 @@
+// The products' registry values: keys per variant, defaults, formats, and
+// writers that run in several processes at once.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "formkit/formkit.h"
+#include "host/cartoma.h"
+#include "platform/registry/registry.h"
+#include "settings/last_version.h"
+#include "settings/open_grids.h"
+#include "settings/registry_values.h"
+#include "support/scripted_host.h"
+#include "support/session_fixture.h"
+
+namespace {
+
+constexpr fk::Hive kUser = fk::Hive::CurrentUser;
+
+std::optional<std::string> Stored(const char* key, const char* name) {
+  return fk::Registry::QueryString(kUser, key, name);
+}
+
+using RegistrySettingsTest = SessionTest;
+
+TEST_F(RegistrySettingsTest, TheViewerVersionFollowsTheVariant) {
+  EXPECT_EQ(GetLastVersion(), "3.0");
+  EXPECT_EQ(SetLastVersion("4.2.1"), 1);
+  EXPECT_EQ(Stored("Software\\Orvex\\Terravik\\Setup", "LastVersion"), "4.2.1");
+  g_Cartoma.m_nProductVariant = 1;
+  EXPECT_EQ(GetLastVersion(), "3.0") << "each product has its own key";
+  g_Cartoma.m_nProductVariant = 4;
+  EXPECT_EQ(SetLastVersion("5.0"), 0);
+  EXPECT_EQ(GetLastVersion(), "3.0");
+}
+
+TEST_F(RegistrySettingsTest, DirectoriesGoToTheirKeys) {
+  g_Cartoma.m_nProductVariant = 7;
+  EXPECT_EQ(SaveConfigDirInRegistry("/srv/config"), 1);
+  EXPECT_EQ(Stored("Software\\Orvex\\Terravik\\Setup", "ConfigDir"), "/srv/config") << "out of range counts as Terravik";
+
+  g_Cartoma.m_nProductVariant = 0;
+  EXPECT_EQ(SaveProjectDirectoryInRegistry("C:\\Projects\\Pit"), 1);
+  EXPECT_EQ(Stored("Software\\Orvex\\Terravik 3D\\Settings", "PROJECT_FOLDER"), "C:\\Projects\\Pit\\");
+  EXPECT_EQ(SaveProjectDirectoryInRegistry("/home/ana/pit/"), 1);
+  EXPECT_EQ(Stored("Software\\Orvex\\Terravik 3D\\Settings", "PROJECT_FOLDER"), "/home/ana/pit/");
+
+  ScriptedHost host;
+  host.AddScript("zelvar3d.cbx");
+  ASSERT_EQ(g_Cartoma.Connect(host.Handle(), 0), 1);
+  EXPECT_EQ(SaveProjectDirectoryInRegistry("D:\\Work"), 1);
+  EXPECT_EQ(Stored("Software\\Orvex\\Zelvar3D\\Settings", "PROJECT_FOLDER"), "D:\\Work\\")
+      << "the product whose script runs in the host";
+}
+
+TEST_F(RegistrySettingsTest, OpenGridsAreListedBesideTheirTables) {
+  ScopedFolder folder;
+  const std::string dem = folder.Write("maps/dem.tab", "  File \"rasters\\Dem.grd\"\n  RasterStyle 6 1\n");
+  const std::string photo = folder.Write("maps/photo.tab", "  File \"photo.jpg\"\n");
+  const std::string slope = folder.Write("slope.TAB", "  File \"slope.grd\"\n  RasterStyle 6 1\n");
+  ScriptedHost host;
+  ASSERT_EQ(g_Cartoma.Connect(host.Handle(), 0), 1);
+  host.Answers().Answer("NumTables()", "3");
+  host.Answers().Answer("TableInfo(1, 1)", "DEM");
+  host.Answers().Answer("TableInfo(2, 1)", "Photo");
+  host.Answers().Answer("TableInfo(3, 1)", "Slope");
+  host.Answers().Answer("TableInfo(DEM, 19)", dem);
+  host.Answers().Answer("TableInfo(Photo, 19)", photo);
+  host.Answers().Answer("TableInfo(Slope, 19)", slope);
+
+  EXPECT_EQ(GetOpenGridList(), folder.Path() + "/maps/DEM.GRD|" + folder.Path() + "/SLOPE.GRD");
+  EXPECT_EQ(SaveAllOpenGridsInRegistry(), 1);
+  EXPECT_EQ(Stored("Software\\Orvex\\Terravik\\Messages", "GRID_LIST"), GetOpenGridList());
+  EXPECT_EQ(ClearAllOpenGridsInRegistry(), 1);
+  EXPECT_EQ(Stored("Software\\Orvex\\Terravik\\Messages", "GRID_LIST"), "");
+
+  host.Answers().Answer("NumTables()", "0");
+  fk::Registry::SetString(kUser, "Software\\Orvex\\Terravik\\Messages", "GRID_LIST", "stale");
+  EXPECT_EQ(SaveAllOpenGridsInRegistry(), 1);
+  EXPECT_EQ(Stored("Software\\Orvex\\Terravik\\Messages", "GRID_LIST"), "") << "no grid open: the empty text";
+}
+
+TEST_F(RegistrySettingsTest, TwoProcessesWritingAtOnceLoseNoValue) {
+  constexpr int kValues = 40;
+  pid_t writers[2];
+  for (int writer = 0; writer < 2; ++writer) {
+    writers[writer] = fork();
+    ASSERT_GE(writers[writer], 0);
+    if (writers[writer] == 0) {
+      int failures = 0;
+      for (int i = 0; i < kValues; ++i) {
+        const std::string name = "Value" + std::to_string(writer) + "_" + std::to_string(i);
+        failures += !WriteVariantValue(VariantKey::Setup, i % 4, name.c_str(), std::to_string(i));
+      }
+      _exit(failures == 0 ? 0 : 1);
+    }
+  }
+  for (pid_t writer : writers) {
+    int status = 0;
+    ASSERT_EQ(waitpid(writer, &status, 0), writer);
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << "every write reported success";
+  }
+  for (int writer = 0; writer < 2; ++writer)
+    for (int i = 0; i < kValues; ++i) {
+      const std::string name = "Value" + std::to_string(writer) + "_" + std::to_string(i);
+      EXPECT_EQ(ReadVariantValue(VariantKey::Setup, i % 4, name.c_str()), std::to_string(i)) << name;
+    }
+}
+
+}  // namespace
+

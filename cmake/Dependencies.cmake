@@ -12,6 +12,6 @@ pkg_check_modules(GDKPIXBUF REQUIRED IMPORTED_TARGET gdk-pixbuf-2.0)
 pkg_check_modules(GDAL REQUIRED IMPORTED_TARGET gdal)
 list(APPEND FORMKIT_PLATFORM_LIBS PkgConfig::GDKPIXBUF PkgConfig::GDAL)
 
-# SimpleIni (libsimpleini-dev): the settings files.
-pkg_check_modules(SIMPLEINI REQUIRED IMPORTED_TARGET simpleini)
-list(APPEND FORMKIT_PLATFORM_LIBS PkgConfig::SIMPLEINI)
+# SimpleIni (libsimpleini-dev): the settings files. Header only as used
+# here: its implementation is compiled in, with no text conversion.
+find_path(SIMPLEINI_INCLUDE_DIR SimpleIni.h REQUIRED)

@@ -1,8 +1,9 @@
 #include "platform/inifile/inifile.h"
 
-// The converter the distribution's library is built with; narrow text
-// itself passes through unconverted (CSimpleIniA).
-#define SI_CONVERT_ICU
+// Narrow text passes through unconverted (CSimpleIniA); the header's own
+// implementation is compiled here, so no conversion library is needed.
+#define SI_NO_CONVERSION
+#define SI_IMPLEMENTATION
 #include <SimpleIni.h>
 
 #include <filesystem>

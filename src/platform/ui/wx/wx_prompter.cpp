@@ -58,6 +58,14 @@ wxString CaptionOver(wxWindow* parent) {
   return top ? top->GetTitle() : wxString();
 }
 
+// The path the user chose. A box answered without being shown (by a modal
+// dialog hook, as automation does) has no chooser's selection, and answers
+// with the path that was set on it.
+wxString ChosenPath(const wxFileDialog& box) {
+  const wxString chosen = box.GetPath();
+  return chosen.empty() ? box.wxFileDialogBase::GetPath() : chosen;
+}
+
 long FileBoxStyle(const FileDialogRequest& request) {
   if (!request.open) return wxFD_SAVE;
   return wxFD_OPEN | ((request.flags & OFN_FILEMUSTEXIST) ? wxFD_FILE_MUST_EXIST : 0);
@@ -79,7 +87,7 @@ std::optional<std::string> WxPrompter::AskFileName(const FileDialogRequest& requ
                    FileBoxStyle(request));
   box.SetFilterIndex(WildcardIndex(wildcard, request.filterIndex));
   if (box.ShowModal() != wxID_OK) return std::nullopt;
-  return WithDefaultExtension(FromWx(box.GetPath()), request.defaultExt);
+  return WithDefaultExtension(FromWx(ChosenPath(box)), request.defaultExt);
 }
 
 // The overwrite question is asked here, of the name with its default

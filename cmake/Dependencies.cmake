@@ -17,3 +17,6 @@ target_compile_definitions(formkit_toolkit INTERFACE ${wxWidgets_DEFINITIONS})
 separate_arguments(FORMKIT_TOOLKIT_FLAGS UNIX_COMMAND "${wxWidgets_CXX_FLAGS}")
 target_compile_options(formkit_toolkit INTERFACE ${FORMKIT_TOOLKIT_FLAGS})
 target_link_libraries(formkit_toolkit INTERFACE ${wxWidgets_LIBRARIES})
+# GTK 3 itself, under the toolkit, for what it doesn't reach (window groups;
+# Debian: libgtk-3-dev).
+pkg_check_modules(GTK3 REQUIRED IMPORTED_TARGET gtk+-3.0)

@@ -1,5 +1,6 @@
 #include "platform/ui/wx/wx_progress_view.h"
 
+#include <gtk/gtk.h>
 #include <wx/button.h>
 #include <wx/display.h>
 #include <wx/evtloop.h>
@@ -23,6 +24,15 @@ constexpr long kFrameStyle =
 
 void Place(wxWindow& window, const LayoutBox& box) { window.SetSize(box.x, box.y, box.width, box.height); }
 
+// A dialog box that runs modally holds the input of its group of windows.
+// The progress window of that dialog box's work stands in a group of its
+// own, so that a click on its Cancel button still reaches it.
+void KeepOwnWindowGroup(wxFrame& frame) {
+  GtkWindowGroup* group = gtk_window_group_new();
+  gtk_window_group_add_window(group, GTK_WINDOW(frame.GetHandle()));
+  g_object_unref(group);  // the window holds the group
+}
+
 }  // namespace
 
 WxProgressView::WxProgressView(bool smooth)
@@ -36,6 +46,7 @@ WxProgressView::WxProgressView(bool smooth)
       m_cancel(new wxButton(m_panel, wxID_ANY, "Cancel", wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator,
                             "cancel")),
       m_loop(new wxEventLoop) {
+  KeepOwnWindowGroup(*m_frame);
   m_cancel->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { m_bCancelPressed = true; });
   m_frame->Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent& event) {
     if (!event.CanVeto()) return event.Skip();

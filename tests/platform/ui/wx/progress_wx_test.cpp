@@ -11,6 +11,7 @@
 #include "frame/formkit_app.h"
 #include "private_display.h"
 #include "services/progress_wnd.h"
+#include "test_templates.h"
 #include "toolkit_test.h"
 #include "toolkit_user.h"
 
@@ -18,6 +19,8 @@ namespace {
 
 class ProgressWxTest : public ToolkitDialogTest {
  protected:
+  DialogsMet m_dialogs;
+
   // The progress window on screen (the only one), found by its name.
   static wxFrame& Window() {
     auto* frame = dynamic_cast<wxFrame*>(wxWindow::FindWindowByName("progress"));
@@ -75,6 +78,29 @@ TEST_F(ProgressWxTest, TheLoopMovesTheBarAndTheCancelButtonStopsIt) {
   EXPECT_EQ(done, 5) << "the press waited for the loop's next pump";
   EXPECT_EQ(wxWindow::FindWindowByName("progress"), nullptr) << "the window goes with its loop";
   EXPECT_EQ(theApp.GetProfileInt("Settings", "X", -1), (PrivateDisplay::kWidth - 390) / 2);
+}
+
+// The work of a dialog box's button runs while the box holds the input
+// of its windows; the progress window of that work must still take a click.
+TEST_F(ProgressWxTest, AClickOnCancelReachesTheWindowWhileADialogBoxRuns) {
+  wxDialog* running = nullptr;
+  bool cancelled = false;
+  ProbeDialog dialog(9001);
+  dialog.onButton = [&](fk::ui::DialogView&, fk::ui::Prompter&, int) {
+    CProgressWnd progress("Reprojecting");
+    progress.SetRange(0, 10, 1);
+    progress.StepIt();
+    ASSERT_TRUE(user::MouseClick(Part<wxButton>("cancel"), *running)) << "the X server takes no simulated input";
+    progress.PeekAndPump(false);
+    cancelled = progress.Cancelled();
+  };
+  m_dialogs.Use([&](wxDialog& box) {
+    running = &box;
+    user::Press(box, ACT);
+    user::Press(box, fk::ui::IDOK);
+  });
+  EXPECT_EQ(Backend().RunModal(dialog, EveryControlTemplate()), fk::ui::IDOK);
+  EXPECT_TRUE(cancelled);
 }
 
 TEST_F(ProgressWxTest, EscapeCancelsOnlyWhenItCountsAndTheCloseBoxAlways) {

@@ -12,6 +12,7 @@
 #include <wx/listctrl.h>
 #include <wx/radiobut.h>
 #include <wx/toplevel.h>
+#include <wx/uiaction.h>
 
 #include <filesystem>
 #include <stdexcept>
@@ -33,8 +34,8 @@ void Notify(wxWindow& control, wxEventType type, int value) {
   control.HandleWindowEvent(event);
 }
 
-// Runs the toolkit's loop until the window has drawn itself once more and
-// the drawing is on the screen.
+}  // namespace
+
 void AwaitDrawing(wxTopLevelWindow& window) {
   wxEventLoop loop;
   bool drawn = false;
@@ -49,8 +50,6 @@ void AwaitDrawing(wxTopLevelWindow& window) {
   loop.Run();
   window.Unbind(wxEVT_PAINT, onPaint);
 }
-
-}  // namespace
 
 wxWindow& Control(wxWindow& root, int id) {
   wxWindow* control = wxWindow::FindWindowByName(wxString::Format("%d", id), &root);
@@ -108,6 +107,25 @@ void Click(wxWindow& root, int id) {
 void CheckRow(wxWindow& root, int id, int row, bool checked) {
   auto& list = As<wxListCtrl>(root, id);
   list.CheckItem(row, checked);
+}
+
+bool MouseClick(wxWindow& target, wxWindow& witness) {
+  AwaitDrawing(*dynamic_cast<wxTopLevelWindow*>(wxGetTopLevelParent(&target)));
+  wxUIActionSimulator pointer;
+  wxEventLoop loop;
+  bool witnessed = false;  // the simulator may let the toolkit take the input at once
+  auto seen = [&](wxMouseEvent& event) {
+    event.Skip();
+    witnessed = true;
+    if (loop.IsRunning()) loop.ScheduleExit();
+  };
+  witness.Bind(wxEVT_MOTION, seen);
+  const wxRect area = target.GetScreenRect();
+  const bool simulated = pointer.MouseMove(area.GetPosition() + area.GetSize() / 2) && pointer.MouseClick() &&
+                         pointer.MouseMove(witness.ClientToScreen(wxPoint(2, 2)));
+  if (simulated && !witnessed) loop.Run();
+  witness.Unbind(wxEVT_MOTION, seen);
+  return simulated;
 }
 
 void CloseBox(wxTopLevelWindow& window) { window.Close(); }

@@ -32,6 +32,16 @@ void CheckRow(wxWindow& root, int id, int row, bool checked);
 void CloseBox(wxTopLevelWindow& window);
 void PressEscape(wxWindow& window);
 
+// Clicks `target` with the pointer, through the X server's input (not an
+// event made by the test), then moves the pointer onto `witness` and waits
+// until the witness sees it: input comes in order, so by then the toolkit
+// has taken the click wherever it sends it. False when the server takes no
+// simulated input.
+bool MouseClick(wxWindow& target, wxWindow& witness);
+
+// Runs the toolkit's loop until the window has drawn itself once more.
+void AwaitDrawing(wxTopLevelWindow& window);
+
 // Saves a picture of the window as the screen shows it, once it has been
 // drawn, as test-artifacts/<name>.png; the path.
 std::string Screenshot(wxTopLevelWindow& window, const std::string& name);

@@ -12,6 +12,7 @@
 #include <wx/textctrl.h>
 
 #include <stdexcept>
+#include <thread>
 
 #include "test_templates.h"
 #include "toolkit_test.h"
@@ -167,6 +168,8 @@ TEST_F(DialogViewWxTest, FaultsOfTheDialogBoxCodeThrowAsWithoutAScreen) {
   m_dialog.onInit = [](DialogView& view) { view.ListCtrlInsertRow(REPORT, 0, "x"); };
   EXPECT_THROW(Run(m_dialog), std::logic_error) << "a row needs a column";
   EXPECT_EQ(m_dialogs.Met(), 0) << "a box whose start failed is never shown";
+  m_dialog.onInit = nullptr;
+  std::thread([this] { EXPECT_THROW(Run(m_dialog), std::logic_error) << "another thread"; }).join();
 
   m_dialog.onInit = nullptr;
   m_dialog.onButton = [](DialogView&, fk::ui::Prompter&, int) { throw std::runtime_error("table is gone"); };

@@ -14,7 +14,8 @@ const wxEventType kSelectionEvents[] = {wxEVT_LISTBOX, wxEVT_COMBOBOX, wxEVT_CHO
 
 DialogEvents::DialogEvents(wxWindow& root, DialogController& controller, WxDialogView& view, ControllerCalls& calls)
     : m_root(root), m_controller(controller), m_view(view), m_calls(calls) {
-  for (wxEventType type : kPressEvents) m_root.Bind(wxEventTypeTag<wxCommandEvent>(type), &DialogEvents::OnPressed, this);
+  for (wxEventType type : kPressEvents)
+    m_root.Bind(wxEventTypeTag<wxCommandEvent>(type), &DialogEvents::OnPressed, this);
   for (wxEventType type : kSelectionEvents)
     m_root.Bind(wxEventTypeTag<wxCommandEvent>(type), &DialogEvents::OnSelected, this);
   m_root.Bind(wxEVT_LIST_ITEM_CHECKED, &DialogEvents::OnRowChecked, this);

@@ -99,8 +99,8 @@ class PropertySheetRun {
 
 }  // namespace
 
-int RunPropertySheetDialog(TemplateLibrary& templates, Prompter& prompter, RunningDialogs& running, const std::string& title,
-                           const std::vector<DialogController*>& pages,
+int RunPropertySheetDialog(TemplateLibrary& templates, Prompter& prompter, RunningDialogs& running,
+                           const std::string& title, const std::vector<DialogController*>& pages,
                            const std::vector<const DialogTemplate*>& pageTemplates) {
   if (pages.size() != pageTemplates.size()) throw std::logic_error("a property sheet page without its template");
   PropertySheetRun sheet(running.Innermost(), title);

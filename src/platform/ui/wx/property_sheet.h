@@ -18,8 +18,8 @@ namespace fk::ui {
 
 class TemplateLibrary;
 
-int RunPropertySheetDialog(TemplateLibrary& templates, Prompter& prompter, RunningDialogs& running, const std::string& title,
-                           const std::vector<DialogController*>& pages,
+int RunPropertySheetDialog(TemplateLibrary& templates, Prompter& prompter, RunningDialogs& running,
+                           const std::string& title, const std::vector<DialogController*>& pages,
                            const std::vector<const DialogTemplate*>& pageTemplates);
 
 }  // namespace fk::ui

@@ -21,6 +21,7 @@ namespace {
 
 // The page of a property sheet: its title is its tab's text.
 wxBookCtrlBase* BookOf(wxWindow& page) { return dynamic_cast<wxBookCtrlBase*>(page.GetParent()); }
+std::size_t PageOf(wxBookCtrlBase& book, wxWindow& page) { return static_cast<std::size_t>(book.FindPage(&page)); }
 
 std::intptr_t UntypedData(const wxItemContainer& items, int index) {
   if (!items.HasClientUntypedData()) return 0;
@@ -84,12 +85,12 @@ void WxDialogView::SetTitle(const std::string& title) {
   if (auto* top = dynamic_cast<wxTopLevelWindow*>(&m_root))
     top->SetTitle(ToWx(title));
   else if (wxBookCtrlBase* book = BookOf(m_root))
-    book->SetPageText(static_cast<std::size_t>(book->FindPage(&m_root)), ToWx(title));
+    book->SetPageText(PageOf(*book, m_root), ToWx(title));
 }
 
 std::string WxDialogView::Title() const {
   if (auto* top = dynamic_cast<wxTopLevelWindow*>(&m_root)) return FromWx(top->GetTitle());
-  if (wxBookCtrlBase* book = BookOf(m_root)) return FromWx(book->GetPageText(static_cast<std::size_t>(book->FindPage(&m_root))));
+  if (wxBookCtrlBase* book = BookOf(m_root)) return FromWx(book->GetPageText(PageOf(*book, m_root)));
   return {};
 }
 

@@ -79,7 +79,8 @@ TEST_F(DialogViewWxTest, ListsAndCombosKeepEntriesDataAndSelection) {
     view.ListSelect(LIST, 0, true);
     view.ListSelect(LIST, 2, true);
     view.ListDelete(LIST, 1);
-    for (const char* name : {"UTM 50S", "UTM 51S"}) view.ComboSetData(COMBO, view.ComboAdd(COMBO, name), 50 + name[5] - '0');
+    view.ComboSetData(COMBO, view.ComboAdd(COMBO, "UTM 50S"), 50);
+    view.ComboSetData(COMBO, view.ComboAdd(COMBO, "UTM 51S"), 51);
     view.ComboSetCurSel(COMBO, 1);
     view.ComboAdd(CHOICE, "Metres");
     view.ComboAdd(CHOICE, "Feet");

@@ -40,7 +40,8 @@ TEST(FileBoxRequest, TheDefaultExtensionGoesOnlyToANameWithoutOne) {
   EXPECT_EQ(WithDefaultExtension("/data/collars", ".tab"), "/data/collars.tab");
   EXPECT_EQ(WithDefaultExtension("/data/collars", "*.tab"), "/data/collars.tab") << "as the string table writes it";
   EXPECT_EQ(WithDefaultExtension("/data/collars.csv", "tab"), "/data/collars.csv");
-  EXPECT_EQ(WithDefaultExtension("/data.v2/collars", "tab"), "/data.v2/collars.tab") << "a folder's point doesn't count";
+  EXPECT_EQ(WithDefaultExtension("/data.v2/collars", "tab"), "/data.v2/collars.tab")
+      << "a folder's point doesn't count";
   EXPECT_EQ(WithDefaultExtension("/data/collars", ""), "/data/collars");
   EXPECT_EQ(WithDefaultExtension("/data/", "tab"), "/data/");
 }

@@ -93,7 +93,8 @@ TEST_F(PrompterWxTest, TheSaveBoxAsksBeforeReplacingTheNameWithItsExtension) {
   };
   answerName("collars");
   m_dialogs.Answer([](wxDialog& box) {
-    EXPECT_EQ(dynamic_cast<wxMessageDialog&>(box).GetMessage(), "collars.tab already exists.\nDo you want to replace it?");
+    EXPECT_EQ(dynamic_cast<wxMessageDialog&>(box).GetMessage(),
+              "collars.tab already exists.\nDo you want to replace it?");
     return wxID_NO;
   });
   answerName("assays");

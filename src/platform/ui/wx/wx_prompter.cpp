@@ -17,6 +17,7 @@ namespace {
 constexpr unsigned kButtonsMask = 0xF;
 constexpr unsigned kIconMask = 0xF0;
 
+// Button sets the toolkit lacks (Abort/Retry/Ignore, Retry/Cancel) show OK.
 long ButtonStyle(unsigned type) {
   switch (type & kButtonsMask) {
     case MB_OKCANCEL: return wxOK | wxCANCEL;
@@ -39,17 +40,15 @@ long IconStyle(unsigned type) {
 // The system's id of the button pressed. A box closed without a button
 // (its close box, Escape) answers as its own way out would: Cancel where
 // it has one, No for Yes/No, OK for OK alone.
-int SystemAnswer(int answer, unsigned type) {
+int SystemAnswer(int answer, long buttons) {
   switch (answer) {
     case wxID_OK: return IDOK;
     case wxID_YES: return IDYES;
     case wxID_NO: return IDNO;
     default: break;
   }
-  const unsigned buttons = type & kButtonsMask;
-  if (buttons == MB_YESNO) return IDNO;
-  if (buttons == MB_OK || buttons > MB_YESNO) return IDOK;
-  return IDCANCEL;
+  if (buttons & wxCANCEL) return IDCANCEL;
+  return buttons == wxYES_NO ? IDNO : IDOK;
 }
 
 // The caption of a box: the title of the dialog box it stands over.
@@ -75,8 +74,9 @@ long FileBoxStyle(const FileDialogRequest& request) {
 
 int WxPrompter::MessageBox(const std::string& text, unsigned type) {
   wxWindow* parent = m_parent();
-  wxMessageDialog box(parent, ToWx(text), CaptionOver(parent), ButtonStyle(type) | IconStyle(type));
-  return SystemAnswer(box.ShowModal(), type);
+  const long buttons = ButtonStyle(type);
+  wxMessageDialog box(parent, ToWx(text), CaptionOver(parent), buttons | IconStyle(type));
+  return SystemAnswer(box.ShowModal(), buttons);
 }
 
 std::optional<std::string> WxPrompter::AskFileName(const FileDialogRequest& request, wxWindow* parent) const {

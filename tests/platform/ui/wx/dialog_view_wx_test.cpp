@@ -14,7 +14,9 @@
 #include <stdexcept>
 #include <thread>
 
+#include "probe_dialog.h"
 #include "test_templates.h"
+#include "dialogs_met.h"
 #include "toolkit_test.h"
 #include "toolkit_user.h"
 

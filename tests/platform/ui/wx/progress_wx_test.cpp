@@ -11,7 +11,9 @@
 #include "frame/formkit_app.h"
 #include "private_display.h"
 #include "services/progress_wnd.h"
+#include "probe_dialog.h"
 #include "test_templates.h"
+#include "dialogs_met.h"
 #include "toolkit_test.h"
 #include "toolkit_user.h"
 

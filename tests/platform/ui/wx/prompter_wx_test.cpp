@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "dialogs_met.h"
 #include "toolkit_test.h"
 #include "toolkit_user.h"
 

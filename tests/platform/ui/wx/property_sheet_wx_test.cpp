@@ -7,7 +7,9 @@
 #include <wx/dialog.h>
 #include <wx/propdlg.h>
 
+#include "probe_dialog.h"
 #include "test_templates.h"
+#include "dialogs_met.h"
 #include "toolkit_test.h"
 #include "toolkit_user.h"
 

@@ -12,6 +12,7 @@
 #include "formkit/formkit.h"
 #include "services/select_fields_dlg.h"
 #include "support/formkit_library.h"
+#include "dialogs_met.h"
 #include "toolkit_test.h"
 #include "toolkit_user.h"
 

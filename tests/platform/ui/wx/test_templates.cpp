@@ -1,5 +1,7 @@
 #include "test_templates.h"
 
+#include "platform/ui/dialog_view.h"
+
 namespace {
 
 constexpr const char* kEveryControl = R"(<?xml version="1.0" encoding="UTF-8"?>
@@ -100,33 +102,4 @@ const fk::ui::DialogTemplate& FirstPageTemplate() {
 const fk::ui::DialogTemplate& SecondPageTemplate() {
   static const fk::ui::DialogTemplate made = Make(9102, kSecondPage, "Output", {{1301, {"wxTextCtrl", ""}}});
   return made;
-}
-
-bool ProbeDialog::OnInitDialog() {
-  calls.push_back("init");
-  if (onInit) onInit(View());
-  return true;
-}
-
-void ProbeDialog::OnOK() {
-  calls.push_back("ok");
-  if (refuseOK > 0) {
-    --refuseOK;
-    return;
-  }
-  EndDialog(fk::ui::IDOK);
-}
-
-void ProbeDialog::OnCancel() {
-  calls.push_back("cancel");
-  if (refuseCancel > 0) {
-    --refuseCancel;
-    return;
-  }
-  EndDialog(fk::ui::IDCANCEL);
-}
-
-void ProbeDialog::OnButton(int id) {
-  calls.push_back("button " + std::to_string(id));
-  if (onButton) onButton(View(), Prompt(), id);
 }

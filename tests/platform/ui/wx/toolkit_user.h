@@ -1,19 +1,11 @@
 // The user at the toolkit's windows. Each action makes the toolkit report
 // what it reports when a person does it: the same event, from the same
-// control, after the control changed as the person changed it. Dialog
-// boxes are met as they open, in order: one is shown and used, another
-// answered without being shown (a message box's button, a file box's
-// path).
+// control, after the control changed as the person changed it.
 #pragma once
 
-#include <wx/modalhook.h>
-
-#include <deque>
-#include <functional>
 #include <string>
 #include <vector>
 
-class wxDialog;
 class wxTopLevelWindow;
 class wxWindow;
 
@@ -47,31 +39,3 @@ void AwaitDrawing(wxTopLevelWindow& window);
 std::string Screenshot(wxTopLevelWindow& window, const std::string& name);
 
 }  // namespace user
-
-// The dialog boxes that open while it lives, each met by the next queued
-// action. A box with nothing queued is a failure and is closed unanswered.
-class DialogsMet : public wxModalDialogHook {
- public:
-  DialogsMet() { Register(); }
-  ~DialogsMet() override;
-
-  // The next box is shown; `actions` run once its loop runs. A box the
-  // actions left open is a failure, and is closed with Cancel.
-  void Use(std::function<void(wxDialog&)> actions);
-  // The next box is not shown: `answer` looks at it and gives the id of
-  // the button pressed.
-  void Answer(std::function<int(wxDialog&)> answer);
-  // How many boxes opened.
-  int Met() const { return m_nMet; }
-
- protected:
-  int Enter(wxDialog* dialog) override;
-
- private:
-  struct Meeting {
-    std::function<void(wxDialog&)> actions;
-    std::function<int(wxDialog&)> answer;
-  };
-  std::deque<Meeting> m_queue;
-  int m_nMet = 0;
-};

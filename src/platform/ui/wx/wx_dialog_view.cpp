@@ -142,7 +142,13 @@ int WxDialogView::Check(int id) const {
 
 void WxDialogView::Enable(int id, bool enable) { Control(id).Enable(enable); }
 bool WxDialogView::IsEnabled(int id) const { return Control(id).IsThisEnabled(); }
-void WxDialogView::Show(int id, bool show) { Control(id).Show(show); }
+
+// The template's sizers give a shown control its room and take a hidden
+// one's.
+void WxDialogView::Show(int id, bool show) {
+  if (Control(id).Show(show)) m_root.Layout();
+}
+
 bool WxDialogView::IsShown(int id) const { return Control(id).IsShown(); }
 void WxDialogView::SetFocus(int id) { Control(id).SetFocus(); }
 

@@ -19,6 +19,7 @@ namespace {
 
 constexpr int kFirstWidth = 390;
 constexpr int kFirstHeight = 130;
+constexpr int kFirstRange = 100;
 constexpr long kFrameStyle =
     wxCAPTION | wxSYSTEM_MENU | wxCLOSE_BOX | wxSTAY_ON_TOP | wxFRAME_NO_TASKBAR | wxFRAME_TOOL_WINDOW;
 
@@ -41,16 +42,16 @@ WxProgressView::WxProgressView(bool smooth)
       m_panel(new wxPanel(m_frame)),
       m_text(new wxStaticText(m_panel, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, wxST_NO_AUTORESIZE,
                               "text")),
-      m_gauge(new wxGauge(m_panel, wxID_ANY, m_nUpper - m_nLower, wxDefaultPosition, wxDefaultSize,
+      m_gauge(new wxGauge(m_panel, wxID_ANY, kFirstRange, wxDefaultPosition, wxDefaultSize,
                           wxGA_HORIZONTAL | (smooth ? wxGA_SMOOTH : 0), wxDefaultValidator, "bar")),
       m_cancel(new wxButton(m_panel, wxID_ANY, "Cancel", wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator,
                             "cancel")),
       m_loop(new wxEventLoop) {
   KeepOwnWindowGroup(*m_frame);
   m_cancel->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { m_bCancelPressed = true; });
+  // The close box asks to cancel; the window itself goes with its view.
   m_frame->Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent& event) {
-    if (!event.CanVeto()) return event.Skip();
-    event.Veto();
+    if (event.CanVeto()) event.Veto();
     m_bCancelPressed = true;
   });
   m_frame->Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {

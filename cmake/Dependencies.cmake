@@ -15,3 +15,17 @@ list(APPEND FORMKIT_PLATFORM_LIBS PkgConfig::GDKPIXBUF PkgConfig::GDAL)
 # SimpleIni (libsimpleini-dev): the settings files. Header only as used
 # here: its implementation is compiled in, with no text conversion.
 find_path(SIMPLEINI_INCLUDE_DIR SimpleIni.h REQUIRED)
+
+# The toolkit of the dialog backend (libformkit-wx.so only, never the core
+# library): wxWidgets 3.2 over GTK 3, with its XRC and XML libraries
+# (Debian: libwxgtk3.2-dev). Its tests run on Xvfb (Debian: xvfb, xauth).
+find_package(wxWidgets 3.2 REQUIRED COMPONENTS xrc xml core base)
+add_library(formkit_toolkit INTERFACE)
+target_include_directories(formkit_toolkit SYSTEM INTERFACE ${wxWidgets_INCLUDE_DIRS})
+target_compile_definitions(formkit_toolkit INTERFACE ${wxWidgets_DEFINITIONS})
+separate_arguments(FORMKIT_TOOLKIT_FLAGS UNIX_COMMAND "${wxWidgets_CXX_FLAGS}")
+target_compile_options(formkit_toolkit INTERFACE ${FORMKIT_TOOLKIT_FLAGS})
+target_link_libraries(formkit_toolkit INTERFACE ${wxWidgets_LIBRARIES})
+# GTK 3 itself, under the toolkit, for what it doesn't reach (window groups;
+# Debian: libgtk-3-dev).
+pkg_check_modules(GTK3 REQUIRED IMPORTED_TARGET gtk+-3.0)

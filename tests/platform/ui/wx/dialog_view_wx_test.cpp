@@ -1,0 +1,225 @@
+// The dialog view on screen: what the dialog box's code sets shows in the
+// toolkit's controls, what the user does there reads back and reaches the
+// code, and faults of the code throw as they do without a screen.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <wx/checkbox.h>
+#include <wx/combobox.h>
+#include <wx/dialog.h>
+#include <wx/listbox.h>
+#include <wx/listctrl.h>
+#include <wx/stattext.h>
+#include <wx/textctrl.h>
+
+#include <stdexcept>
+#include <thread>
+
+#include "probe_dialog.h"
+#include "test_templates.h"
+#include "dialogs_met.h"
+#include "toolkit_test.h"
+#include "toolkit_user.h"
+
+using ::testing::ElementsAre;
+using fk::ui::DialogView;
+
+namespace {
+
+class DialogViewWxTest : public ToolkitTest {
+ protected:
+  int Run(ProbeDialog& dialog) { return Backend().RunModal(dialog, EveryControlTemplate()); }
+
+  ProbeDialog m_dialog{9001};
+  DialogsMet m_dialogs;
+};
+
+template <typename Kind>
+Kind& Get(wxDialog& box, int id) {
+  return dynamic_cast<Kind&>(user::Control(box, id));
+}
+
+TEST_F(DialogViewWxTest, TextsChecksAndStatesShowInTheControlsAndReadBack) {
+  m_dialog.onInit = [](DialogView& view) {
+    view.SetTitle("Hole Options");
+    view.SetText(EDIT, "DH-007");
+    view.SetText(LABEL, "Collar table");
+    view.SetCheck(TRISTATE, 2);
+    view.SetCheck(RADIO_TWO, 1);
+    view.Enable(ACT, false);
+    view.Show(LABEL, false);
+  };
+  m_dialogs.Use([this](wxDialog& box) {
+    EXPECT_EQ(box.GetTitle(), "Hole Options");
+    EXPECT_EQ(Get<wxTextCtrl>(box, EDIT).GetValue(), "DH-007");
+    EXPECT_EQ(Get<wxStaticText>(box, LABEL).GetLabel(), "Collar table");
+    EXPECT_EQ(Get<wxCheckBox>(box, TRISTATE).Get3StateValue(), wxCHK_UNDETERMINED);
+    EXPECT_FALSE(user::Control(box, ACT).IsEnabled());
+    EXPECT_FALSE(user::Control(box, LABEL).IsShown());
+    EXPECT_THROW(user::Press(box, ACT), std::logic_error) << "a disabled button can't be pressed";
+
+    Get<wxTextCtrl>(box, EDIT).SetValue("DH-008");  // typed
+    user::Click(box, TRISTATE);
+    user::Click(box, RADIO_ONE);
+    const DialogView& view = m_dialog.ItsView();
+    EXPECT_EQ(view.Text(EDIT), "DH-008");
+    EXPECT_EQ(view.Check(TRISTATE), 0) << "a click on an undetermined box clears it";
+    EXPECT_EQ(view.Check(RADIO_ONE), 1);
+    EXPECT_EQ(view.Check(RADIO_TWO), 0) << "radio buttons of a group exclude each other";
+    EXPECT_EQ(view.Check(ACT), 0) << "a button keeps no check";
+    EXPECT_FALSE(view.IsEnabled(ACT));
+    EXPECT_FALSE(view.IsShown(LABEL));
+    EXPECT_EQ(view.Title(), "Hole Options");
+    user::Press(box, fk::ui::IDOK);
+  });
+  EXPECT_EQ(Run(m_dialog), fk::ui::IDOK);
+  EXPECT_THAT(m_dialog.calls, ElementsAre("init", "button 1102", "button 1103", "ok"));
+}
+
+TEST_F(DialogViewWxTest, ListsAndCombosKeepEntriesDataAndSelection) {
+  m_dialog.onInit = [](DialogView& view) {
+    for (const char* name : {"Au", "Ag", "Cu"}) view.ListSetData(LIST, view.ListAdd(LIST, name), name[1]);
+    view.ListSelect(LIST, 0, true);
+    view.ListSelect(LIST, 2, true);
+    view.ListDelete(LIST, 1);
+    view.ComboSetData(COMBO, view.ComboAdd(COMBO, "UTM 50S"), 50);
+    view.ComboSetData(COMBO, view.ComboAdd(COMBO, "UTM 51S"), 51);
+    view.ComboSetCurSel(COMBO, 1);
+    view.ComboAdd(CHOICE, "Metres");
+    view.ComboAdd(CHOICE, "Feet");
+    view.ComboSetCurSel(CHOICE, 0);
+  };
+  m_dialogs.Use([this](wxDialog& box) {
+    auto& list = Get<wxListBox>(box, LIST);
+    wxArrayInt selected;
+    list.GetSelections(selected);
+    EXPECT_THAT(user::Entries(box, LIST), ElementsAre("Au", "Cu"));
+    EXPECT_THAT(std::vector<int>(selected.begin(), selected.end()), ElementsAre(0, 1));
+    EXPECT_EQ(Get<wxComboBox>(box, COMBO).GetValue(), "UTM 51S");
+
+    user::SelectEntries(box, LIST, {1});
+    DialogView& view = m_dialog.ItsView();
+    EXPECT_FALSE(view.ListIsSelected(LIST, 0));
+    EXPECT_TRUE(view.ListIsSelected(LIST, 1));
+    EXPECT_EQ(view.ListData(LIST, 1), 'u');
+    EXPECT_EQ(view.ComboData(COMBO, 0), 50);
+    EXPECT_EQ(view.ComboCurSel(COMBO), 1);
+    EXPECT_EQ(view.Text(CHOICE), "Metres");
+    user::ChooseCombo(box, CHOICE, 1);
+    EXPECT_EQ(view.ComboCurSel(CHOICE), 1);
+
+    view.ComboSetCurSel(COMBO, -1);
+    EXPECT_EQ(view.ComboCurSel(COMBO), -1);
+    EXPECT_EQ(Get<wxComboBox>(box, COMBO).GetValue(), "") << "no current entry leaves the combo box empty";
+    view.ListClear(LIST);
+    EXPECT_EQ(view.ListCount(LIST), 0);
+    user::Press(box, fk::ui::IDOK);
+  });
+  EXPECT_EQ(Run(m_dialog), fk::ui::IDOK);
+  EXPECT_THAT(m_dialog.calls, ElementsAre("init", "selection 1105", "selection 1107", "ok"));
+}
+
+TEST_F(DialogViewWxTest, ListControlsHaveColumnsRowsChecksAndData) {
+  m_dialog.onInit = [](DialogView& view) {
+    view.ListCtrlInsertColumn(REPORT, 0, "Table", 140);
+    view.ListCtrlInsertColumn(REPORT, 1, "Rows", 60);
+    for (int row = 0; row < 3; ++row) {
+      const int at = view.ListCtrlInsertRow(REPORT, row, "Table " + std::to_string(row));
+      view.ListCtrlSetText(REPORT, at, 1, std::to_string(100 * row));
+      view.ListCtrlSetData(REPORT, at, 10 + row);
+      view.ListCtrlSetCheck(REPORT, at, row == 1);
+    }
+    view.ListCtrlInsertRow(REPORT, 0, "First");
+    view.ListCtrlSelect(REPORT, 2, true);
+  };
+  m_dialogs.Use([this](wxDialog& box) {
+    auto& report = Get<wxListCtrl>(box, REPORT);
+    ASSERT_EQ(report.GetItemCount(), 4);
+    EXPECT_EQ(report.GetColumnWidth(0), 140);
+    EXPECT_EQ(report.GetItemText(0), "First");
+    EXPECT_EQ(report.GetItemText(2, 1), "100");
+    EXPECT_TRUE(report.IsItemChecked(2));
+    EXPECT_FALSE(report.IsItemChecked(3));
+    EXPECT_EQ(report.GetItemState(2, wxLIST_STATE_SELECTED), wxLIST_STATE_SELECTED);
+    user::Screenshot(box, "every-control");
+
+    user::CheckRow(box, REPORT, 3, true);
+    DialogView& view = m_dialog.ItsView();
+    EXPECT_TRUE(view.ListCtrlCheck(REPORT, 3));
+    EXPECT_EQ(view.ListCtrlData(REPORT, 3), 12);
+    EXPECT_EQ(view.ListCtrlColumnWidth(REPORT, 1), 60);
+    EXPECT_TRUE(view.ListCtrlIsSelected(REPORT, 2));
+    EXPECT_EQ(view.ListCtrlText(REPORT, 1, 0), "Table 0");
+    EXPECT_EQ(view.ListCtrlText(REPORT, 1, 5), "") << "a column the control lacks has no text";
+    view.ListCtrlDeleteRow(REPORT, 0);
+    EXPECT_EQ(view.ListCtrlText(REPORT, 0, 0), "Table 0");
+    view.ListCtrlDeleteAll(REPORT);
+    EXPECT_EQ(view.ListCtrlRowCount(REPORT), 0);
+    user::Press(box, fk::ui::IDOK);
+  });
+  EXPECT_EQ(Run(m_dialog), fk::ui::IDOK);
+  EXPECT_THAT(m_dialog.calls, ElementsAre("init", "row 1108 3", "ok"))
+      << "the user's check reaches the code; the code's own checks don't come back to it";
+}
+
+TEST_F(DialogViewWxTest, FaultsOfTheDialogBoxCodeThrowAsWithoutAScreen) {
+  m_dialog.onInit = [](DialogView& view) { view.SetText(1999, "x"); };
+  EXPECT_THROW(Run(m_dialog), std::logic_error) << "no control 1999";
+  m_dialog.onInit = [](DialogView& view) { view.ListAdd(ACT, "x"); };
+  EXPECT_THROW(Run(m_dialog), std::logic_error) << "a button is no list";
+  m_dialog.onInit = [](DialogView& view) { view.ComboText(COMBO, 0); };
+  EXPECT_THROW(Run(m_dialog), std::logic_error) << "no entry 0 in an empty combo box";
+  m_dialog.onInit = [](DialogView& view) { view.ListCtrlInsertRow(REPORT, 0, "x"); };
+  EXPECT_THROW(Run(m_dialog), std::logic_error) << "a row needs a column";
+  EXPECT_EQ(m_dialogs.Met(), 0) << "a box whose start failed is never shown";
+  m_dialog.onInit = nullptr;
+  std::thread([this] { EXPECT_THROW(Run(m_dialog), std::logic_error) << "another thread"; }).join();
+
+  m_dialog.onInit = nullptr;
+  m_dialog.onButton = [](DialogView&, fk::ui::Prompter&, int) { throw std::runtime_error("table is gone"); };
+  m_dialogs.Use([](wxDialog& box) {
+    user::Press(box, ACT);
+    EXPECT_FALSE(box.IsModal()) << "the fault closed the box";
+  });
+  EXPECT_THROW(Run(m_dialog), std::runtime_error) << "the fault comes out of the run";
+}
+
+TEST_F(DialogViewWxTest, CloseBoxAndEscapeAreCancelAndTheCodeDecides) {
+  m_dialog.refuseCancel = 2;
+  m_dialogs.Use([](wxDialog& box) {
+    user::CloseBox(box);
+    EXPECT_TRUE(box.IsModal()) << "the code refused";
+    user::PressEscape(box);
+    EXPECT_TRUE(box.IsModal());
+    user::PressEscape(box);
+  });
+  EXPECT_EQ(Run(m_dialog), fk::ui::IDCANCEL);
+  EXPECT_THAT(m_dialog.calls, ElementsAre("init", "cancel", "cancel", "cancel"));
+
+  ProbeDialog endsAtOnce(9001);
+  endsAtOnce.onInit = [&](DialogView&) { endsAtOnce.ItsView().EndDialog(7); };
+  EXPECT_EQ(Run(endsAtOnce), 7);
+  EXPECT_EQ(m_dialogs.Met(), 1) << "a box ended as it started is never shown";
+}
+
+TEST_F(DialogViewWxTest, AQuestionStandsOverTheBoxThatAsks) {
+  int answer = 0;
+  m_dialog.onInit = [](DialogView& view) { view.SetTitle("Reproject"); };
+  m_dialog.onButton = [&](DialogView&, fk::ui::Prompter& prompter, int) {
+    answer = prompter.MessageBox("Overwrite the tables?", fk::ui::MB_YESNO);
+  };
+  wxDialog* asking = nullptr;
+  m_dialogs.Use([&](wxDialog& box) {
+    asking = &box;
+    user::Press(box, ACT);
+    user::Press(box, fk::ui::IDOK);
+  });
+  m_dialogs.Answer([&](wxDialog& question) {
+    EXPECT_EQ(question.GetParent(), asking);
+    EXPECT_EQ(question.GetTitle(), "Reproject");
+    return wxID_YES;
+  });
+  EXPECT_EQ(Run(m_dialog), fk::ui::IDOK);
+  EXPECT_EQ(answer, fk::ui::IDYES);
+}
+
+}  // namespace

@@ -1,0 +1,78 @@
+// The field selection box on screen: through the export of a loaded
+// libformkit.so that chose the toolkit itself, and through the backend.
+// Moves take the source from its last entry to its first, as without a
+// screen.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <wx/dialog.h>
+#include <wx/listbox.h>
+
+#include <cstdlib>
+
+#include "formkit/formkit.h"
+#include "services/select_fields_dlg.h"
+#include "support/formkit_library.h"
+#include "dialogs_met.h"
+#include "toolkit_test.h"
+#include "toolkit_user.h"
+
+using ::testing::ElementsAre;
+
+namespace {
+
+constexpr int AVAILABLE = CSelectFieldsDlg::IDC_AVAILABLE;
+constexpr int SELECTED = CSelectFieldsDlg::IDC_SELECTED;
+
+class SelectFieldsWxTest : public ToolkitDialogTest {
+ protected:
+  const char* m_names[5] = {"HoleID", "From", "To", "Au_ppm", "holeid"};
+  int32_t m_flags[5] = {0, 0, 0, 1, 0};
+  DialogsMet m_dialogs;
+};
+
+TEST_F(SelectFieldsWxTest, TheExportChoosesTheToolkitAndMovesABlockInReverse) {
+  setenv("FORMKIT_UI", "wx", 1);
+  FormkitLibrary library(false);  // the built library, beside libformkit-wx.so
+  auto selectFields = library.Export<decltype(SelectFieldsDialog)>("SelectFieldsDialog");
+  m_dialogs.Use([](wxDialog& box) {
+    EXPECT_EQ(box.GetTitle(), "Field Selection");
+    EXPECT_EQ(user::Control(box, CSelectFieldsDlg::IDC_GROUP).GetLabel(), "Select Fields to include");
+    EXPECT_THAT(user::Entries(box, AVAILABLE), ElementsAre("HoleID", "From", "To", "holeid"));
+    EXPECT_THAT(user::Entries(box, SELECTED), ElementsAre("Au_ppm"));
+    user::SelectEntries(box, AVAILABLE, {1, 2});
+    user::Press(box, CSelectFieldsDlg::IDC_ADD);
+    EXPECT_THAT(user::Entries(box, SELECTED), ElementsAre("Au_ppm", "To", "From"));
+    EXPECT_THAT(user::Entries(box, AVAILABLE), ElementsAre("HoleID", "holeid"));
+    auto& selected = dynamic_cast<wxListBox&>(user::Control(box, SELECTED));
+    EXPECT_EQ(reinterpret_cast<std::intptr_t>(selected.GetClientData(1)), 2) << "an entry keeps its item data";
+    user::Screenshot(box, "select-fields");
+    user::Press(box, fk::ui::IDOK);
+  });
+  EXPECT_EQ(selectFields(m_names, m_flags, 5), 1);
+  EXPECT_THAT(m_flags, ElementsAre(0, 1, 1, 1, 0));
+  unsetenv("FORMKIT_UI");
+}
+
+TEST_F(SelectFieldsWxTest, AllAndBackRestoresTheOrderAndTheCloseBoxLeavesTheFlags) {
+  m_dialogs.Use([](wxDialog& box) {
+    user::Press(box, CSelectFieldsDlg::IDC_ADD_ALL);
+    EXPECT_THAT(user::Entries(box, SELECTED), ElementsAre("Au_ppm", "holeid", "To", "From", "HoleID"));
+    EXPECT_THAT(user::Entries(box, AVAILABLE), ElementsAre());
+    user::Press(box, CSelectFieldsDlg::IDC_REMOVE_ALL);
+    EXPECT_THAT(user::Entries(box, AVAILABLE), ElementsAre("HoleID", "From", "To", "holeid", "Au_ppm"));
+    user::SelectEntries(box, AVAILABLE, {0});
+    user::Press(box, CSelectFieldsDlg::IDC_ADD);
+    user::Press(box, fk::ui::IDOK);
+  });
+  EXPECT_EQ(SelectFieldsDialog(m_names, m_flags, 5), 1);
+  EXPECT_THAT(m_flags, ElementsAre(1, 0, 0, 0, 1)) << "names equal ignoring case are both marked";
+
+  m_dialogs.Use([](wxDialog& box) {
+    user::Press(box, CSelectFieldsDlg::IDC_ADD_ALL);
+    user::CloseBox(box);
+  });
+  EXPECT_EQ(SelectFieldsDialog(m_names, m_flags, 5), 0);
+  EXPECT_THAT(m_flags, ElementsAre(1, 0, 0, 0, 1));
+}
+
+}  // namespace

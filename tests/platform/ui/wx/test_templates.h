@@ -1,0 +1,25 @@
+// Dialog templates made for the toolkit tests: a box with a control of
+// every kind the dialog view knows, and two pages for a property sheet.
+// They are given to the backend the way the library gives its own.
+#pragma once
+
+#include "platform/ui/dialog_template.h"
+
+// Controls of the box with every kind.
+enum EveryControl {
+  EDIT = 1100,
+  LABEL = 1101,
+  TRISTATE = 1102,
+  RADIO_ONE = 1103,
+  RADIO_TWO = 1104,
+  LIST = 1105,
+  COMBO = 1106,
+  CHOICE = 1107,
+  REPORT = 1108,
+  ACT = 1109,
+};
+
+const fk::ui::DialogTemplate& EveryControlTemplate();
+// Pages: the first has a list and a button, the second an edit control.
+const fk::ui::DialogTemplate& FirstPageTemplate();
+const fk::ui::DialogTemplate& SecondPageTemplate();

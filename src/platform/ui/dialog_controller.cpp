@@ -5,9 +5,12 @@
 namespace fk::ui {
 
 int DialogController::DoModal() {
-  const int result = CurrentUi().RunModal(*this, GetDialogTemplate(m_nTemplateId));
-  Attach(nullptr, nullptr);
-  return result;
+  // However the run ends, the controller lets go of the view that is gone.
+  struct Detach {
+    DialogController& dialog;
+    ~Detach() { dialog.Attach(nullptr, nullptr); }
+  } detach{*this};
+  return CurrentUi().RunModal(*this, GetDialogTemplate(m_nTemplateId));
 }
 
 }  // namespace fk::ui

@@ -65,9 +65,13 @@ void SetCurrentUi(UiBackend* backend) { g_override = backend; }
 int RunPropertySheet(const std::string& title, const std::vector<DialogController*>& pages) {
   std::vector<const DialogTemplate*> templates;
   for (DialogController* page : pages) templates.push_back(&GetDialogTemplate(page->TemplateId()));
-  const int result = CurrentUi().RunPropertySheet(title, pages, templates);
-  for (DialogController* page : pages) page->Attach(nullptr, nullptr);
-  return result;
+  struct Detach {
+    const std::vector<DialogController*>& pages;
+    ~Detach() {
+      for (DialogController* page : pages) page->Attach(nullptr, nullptr);
+    }
+  } detach{pages};
+  return CurrentUi().RunPropertySheet(title, pages, templates);
 }
 
 }  // namespace fk::ui

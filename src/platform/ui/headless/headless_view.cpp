@@ -78,8 +78,10 @@ int HeadlessView::ComboAdd(int id, const std::string& text) {
 }
 
 void HeadlessView::ComboClear(int id) {
-  Combo(id).entries.clear();
-  Combo(id).current = -1;
+  HeadlessControl& combo = Combo(id);
+  combo.entries.clear();
+  combo.current = -1;
+  combo.text.clear();
 }
 
 void HeadlessView::ComboSetCurSel(int id, int index) {

@@ -8,7 +8,7 @@ CMAKE_BUILD_TYPE ?= RelWithDebInfo
 PACKAGES := cmake ninja-build pkg-config g++ binutils \
             libgtest-dev libgmock-dev libbenchmark-dev \
             libglib2.0-dev libsqlite3-dev libfmt-dev libsimpleini-dev \
-            dbus
+            dbus libgdal-dev gdal-bin libproj-dev
 
 .PHONY: all deps configure build test bench clean
 

@@ -6,3 +6,9 @@ find_package(SQLite3 REQUIRED)
 find_package(fmt REQUIRED)
 
 set(FORMKIT_PLATFORM_LIBS PkgConfig::GIO SQLite::SQLite3 fmt::fmt)
+
+# The host emulator (sim/) alone: table files through GDAL/OGR, coordinate
+# systems through PROJ. The library itself links neither.
+find_package(GDAL CONFIG REQUIRED)
+find_package(PROJ CONFIG REQUIRED)
+set(FORMKIT_SIM_LIBS GDAL::GDAL PROJ::proj SQLite::SQLite3 PkgConfig::GIO)

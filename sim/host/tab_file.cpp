@@ -20,6 +20,8 @@ Column ParseFieldLine(const std::string& line) {
     if (t.AcceptSign(",")) column.decimals = static_cast<int>(t.ExpectNumber("decimals"));
     t.ExpectSign(")");
   }
+  t.AcceptSign(";");
+  t.ExpectEnd();
   return column;
 }
 

@@ -93,7 +93,7 @@ class Scanner {
         m_at += 2;
         return Token{TokenKind::Sign, std::string(pair), 0, m_at - 2};
       }
-    static constexpr std::string_view kSingles = "(),=<>+-*/&.:";
+    static constexpr std::string_view kSingles = "(),=<>+-*/&.:;";
     const char c = m_source[m_at];
     if (kSingles.find(c) == std::string_view::npos)
       throw SyntaxError("Syntax error near '" + std::string(m_source.substr(m_at, 20)) + "': unexpected character");

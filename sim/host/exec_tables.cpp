@@ -106,7 +106,7 @@ void Host::SaveTable(Table& table, const std::string& path, const CoordSys& coor
     rows.push_back(std::move(row));
   }
   const bool mappable = table.m_bMappable || table.HasObjects();
-  WriteGeoPackage(DataFileOf(native), TableNameFromPath(path), table.Columns(), rows, coordsys);
+  WriteGeoPackage(DataFileOf(native), TableNameFromPath(path), table.Columns(), rows, mappable ? &coordsys : nullptr);
   WriteTabFile(native, table.Columns(), mappable ? &coordsys : nullptr, table.m_metadata);
 }
 

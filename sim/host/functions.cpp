@@ -172,17 +172,24 @@ Value ObjectGeography(Host& host, const Expr& call, const RowContext* row) {
   return Number(o.Bounds()[static_cast<std::size_t>(code - 1)]);
 }
 
+// Nodes are numbered over the whole object: part 2 of an object whose part 1
+// has 4 nodes holds nodes 5 onwards. A node index outside the part asked
+// for is an error, which is how a reader walking the nodes learns that the
+// next part begins.
 Value ObjectNode(Host& host, const Expr& call, const RowContext* row, bool wantX) {
   Arity(call, 3);
   const Object o = ObjectArg(host, call, row);
   const int part = Code(host, call, 1, row), node = Code(host, call, 2, row);
   if (part < 1 || part > static_cast<int>(o.parts.size()))
     throw HostError("The object has " + std::to_string(o.parts.size()) + " parts; there is no part " + std::to_string(part));
+  int first = 1;
+  for (int p = 1; p < part; ++p) first += static_cast<int>(o.parts[static_cast<std::size_t>(p - 1)].size());
   const Part& nodes = o.parts[static_cast<std::size_t>(part - 1)];
-  if (node < 1 || node > static_cast<int>(nodes.size()))
-    throw HostError("Part " + std::to_string(part) + " of the object has " + std::to_string(nodes.size()) +
-                    " nodes; there is no node " + std::to_string(node));
-  const Node& n = nodes[static_cast<std::size_t>(node - 1)];
+  const int last = first + static_cast<int>(nodes.size()) - 1;
+  if (node < first || node > last)
+    throw HostError("Part " + std::to_string(part) + " of the object holds nodes " + std::to_string(first) + " to " +
+                    std::to_string(last) + "; node " + std::to_string(node) + " is not in it");
+  const Node& n = nodes[static_cast<std::size_t>(node - first)];
   return Number(wantX ? n.x : n.y);
 }
 

@@ -108,6 +108,8 @@ void SetField(OGRFeature& feature, int field, const Column& column, const Value&
 
 std::optional<CoordSys> CoordSysOfSrs(const OGRSpatialReference* srs) {
   if (!srs) return std::nullopt;
+  const char* srsName = srs->GetName();
+  if (srsName && std::string(srsName).find("Undefined") != std::string::npos) return std::nullopt;
   const char* datumName = srs->GetAttrValue("DATUM");
   const std::string datum = datumName ? Upper(datumName) : "";
   const int datumNumber = datum.find("AUSTRALIA_1994") != std::string::npos || datum.find("GDA94") != std::string::npos
@@ -172,7 +174,8 @@ VectorData ReadVectorData(const std::string& path, const std::vector<Column>* de
   OGRFeatureDefn& definition = *layer.GetLayerDefn();
   VectorData data;
   const std::vector<int> fields = FieldIndexes(definition, data.columns, declared, path);
-  data.coordsys = CoordSysOfSrs(layer.GetSpatialRef());
+  // A .tab names its own system; the data's is read only for other data.
+  if (!declared) data.coordsys = CoordSysOfSrs(layer.GetSpatialRef());
   const int descriptorField = definition.GetFieldIndex(kObjectColumn);
   layer.ResetReading();
   while (std::unique_ptr<OGRFeature> feature{layer.GetNextFeature()}) {
@@ -186,7 +189,7 @@ VectorData ReadVectorData(const std::string& path, const std::vector<Column>* de
 }
 
 void WriteGeoPackage(const std::string& path, const std::string& layerName, const std::vector<Column>& columns,
-                     const std::vector<Row>& rows, const CoordSys& coordsys) {
+                     const std::vector<Row>& rows, const CoordSys* coordsys) {
   RegisterDrivers();
   GDALDriver* driver = GetGDALDriverManager()->GetDriverByName("GPKG");
   if (!driver) throw HostError("GeoPackage files can't be written here");
@@ -195,10 +198,11 @@ void WriteGeoPackage(const std::string& path, const std::string& layerName, cons
   DatasetPtr dataset(driver->Create(path.c_str(), 0, 0, 0, GDT_Unknown, nullptr));
   if (!dataset) throw HostError("The file " + path + " can't be created");
   OGRSpatialReference srs;
-  const std::string definition = coordsys.ProjDefinition();
+  const std::string definition = coordsys ? coordsys->ProjDefinition() : std::string();
   const bool earth = !definition.empty() && srs.SetFromUserInput(definition.c_str()) == OGRERR_NONE;
   if (earth) srs.SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
-  OGRLayer* layer = dataset->CreateLayer(layerName.c_str(), earth ? &srs : nullptr, wkbUnknown, nullptr);
+  OGRLayer* layer =
+      dataset->CreateLayer(layerName.c_str(), earth ? &srs : nullptr, coordsys ? wkbUnknown : wkbNone, nullptr);
   if (!layer) throw HostError("The table " + layerName + " can't be written to " + path);
   for (const Column& column : columns) {
     OGRFieldDefn field(column.name.c_str(), OFTString);

@@ -30,9 +30,10 @@ struct VectorData {
 // `declared` columns (from a .tab), fields are taken by those names.
 // Throws HostError when the data can't be read.
 VectorData ReadVectorData(const std::string& path, const std::vector<Column>* declared);
-// Writes a new GeoPackage with one layer, replacing the file.
+// Writes a new GeoPackage with one layer, replacing the file; with no
+// coordinate system (null) the layer is a table without geometry.
 void WriteGeoPackage(const std::string& path, const std::string& layer, const std::vector<Column>& columns,
-                     const std::vector<Row>& rows, const CoordSys& coordsys);
+                     const std::vector<Row>& rows, const CoordSys* coordsys);
 
 // The name of the hidden column that keeps kinds and styles.
 inline constexpr const char* kObjectColumn = "cartoma_object";

@@ -23,6 +23,14 @@ ExprPtr Unary(std::string op, ExprPtr operand) {
 
 ExprPtr ParseOr(TokenStream& t);
 
+// Words that begin a clause of a statement and so never stand for a value.
+bool IsClauseWord(const Token& token) {
+  static constexpr const char* kWords[] = {"From", "Where", "Into", "Order", "Values", "NoSelect", "Interactive"};
+  for (const char* word : kWords)
+    if (token.Is(word)) return true;
+  return false;
+}
+
 std::vector<ExprPtr> ParseArguments(TokenStream& t) {
   std::vector<ExprPtr> args;
   if (t.AcceptSign(")")) return args;
@@ -51,7 +59,7 @@ ExprPtr ParsePrimary(TokenStream& t) {
     t.ExpectSign(")");
     return inner;
   }
-  if (token.kind != TokenKind::Name) t.Fail("expected a value");
+  if (token.kind != TokenKind::Name || IsClauseWord(token)) t.Fail("expected a value");
   Expr expr;
   expr.text = t.Take().text;
   expr.kind = ExprKind::Name;

@@ -119,7 +119,8 @@ void AlterClauses(TokenStream& t, AlterTableStmt& s) {
       t.Fail("expected Add, Drop or Rename");
     }
     s.actions.push_back(std::move(action));
-    if (!t.AcceptSign(",")) break;
+    const bool nextClause = t.Peek().Is("Add") || t.Peek().Is("Drop") || t.Peek().Is("Rename");
+    if (!t.AcceptSign(",") && !nextClause) break;
   }
 }
 

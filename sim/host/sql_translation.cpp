@@ -144,6 +144,7 @@ SqlSelect TranslateSelect(Host& host, const SelectQuery& query, bool withObjects
   result.first = tables.front();
   std::string items = withObjects ? result.first->SqlName() + ".obj" : "";
   const auto add = [&](const std::string& item) { items += (items.empty() ? "" : ", ") + item; };
+  std::vector<std::pair<std::string, std::string>> aliases;  // an item's name and its SQL, for Order By
   for (std::size_t i = 0; i < query.items.size(); ++i) {
     const SelectItem& item = query.items[i];
     if (item.star) {
@@ -154,9 +155,13 @@ SqlSelect TranslateSelect(Host& host, const SelectQuery& query, bool withObjects
         }
       continue;
     }
-    add(t.Expression(*item.expr));
+    const std::string sql = t.Expression(*item.expr);
+    add(sql);
     Column column = t.ItemColumn(*item.expr, i);
-    if (!item.alias.empty()) column.name = item.alias;
+    if (!item.alias.empty()) {
+      column.name = item.alias;
+      aliases.emplace_back(item.alias, sql);
+    }
     result.columns.push_back(column);
   }
   std::string from;
@@ -165,8 +170,14 @@ SqlSelect TranslateSelect(Host& host, const SelectQuery& query, bool withObjects
   if (query.where) result.sql += " WHERE " + t.Expression(*query.where);
   if (!withObjects) return result;
   std::string order;
+  const auto orderSql = [&](const Expr& e) {
+    if (e.kind == ExprKind::Name)
+      for (const auto& [alias, sql] : aliases)
+        if (EqualNoCase(alias, e.text)) return sql;
+    return t.Expression(e);
+  };
   for (const OrderItem& item : query.order)
-    order += (order.empty() ? "" : ", ") + t.Expression(*item.expr) + (item.descending ? " DESC" : "");
+    order += (order.empty() ? "" : ", ") + orderSql(*item.expr) + (item.descending ? " DESC" : "");
   result.sql += " ORDER BY " + (order.empty() ? "" : order + ", ") + result.first->SqlName() + ".rowid";
   return result;
 }

@@ -141,7 +141,10 @@ std::int64_t Table::InsertRow(const std::vector<Value>& values, const Object* ob
 Value Table::Cell(std::int64_t row, int column) const {
   const Column& c = m_columns.at(static_cast<std::size_t>(column));
   SqlStatement cell(m_db, "SELECT " + c.sqlName + " FROM " + m_strSqlName + RowWhere(row));
-  if (!cell.Step() || cell.IsNull(0)) return c.type == ColumnType::Char || c.type == ColumnType::Date ? Value("") : Value(0.0);
+  if (!cell.Step() || cell.IsNull(0)) {
+    if (c.type == ColumnType::Logical) return Value(false);
+    return c.type == ColumnType::Char || c.type == ColumnType::Date ? Value("") : Value(0.0);
+  }
   switch (c.type) {
     case ColumnType::Char: case ColumnType::Date: return Value(cell.Text(0));
     case ColumnType::Logical: return Value(cell.Int(0) != 0);

@@ -128,9 +128,11 @@ std::string CoordSys::ProjDefinition() const {
     if (m_nDatum == kDatumWgs84) return "EPSG:" + std::to_string((south ? 32700 : 32600) + *zone);
     if (m_nDatum == kDatumGda94 && south && *zone >= 46 && *zone <= 59) return "EPSG:" + std::to_string(28300 + *zone);
   }
+  // PROJ takes false easting and northing in metres, whatever the units.
+  const double metres = UnitOf(m_strUnit).metres;
   return "+proj=tmerc +lat_0=" + FormatNumber(m_params[1]) + " +lon_0=" + FormatNumber(m_params[0]) +
-         " +k=" + FormatNumber(m_params[2]) + " +x_0=" + FormatNumber(m_params[3]) + " +y_0=" +
-         FormatNumber(m_params[4]) + " " + datum.projParams + " +units=" + UnitOf(m_strUnit).proj +
+         " +k=" + FormatNumber(m_params[2]) + " +x_0=" + FormatNumber(m_params[3] * metres) + " +y_0=" +
+         FormatNumber(m_params[4] * metres) + " " + datum.projParams + " +units=" + UnitOf(m_strUnit).proj +
          " +no_defs +type=crs";
 }
 

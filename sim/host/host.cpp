@@ -52,8 +52,9 @@ long Host::WindowOf(const ExprPtr& expr) {
 void Host::SetVariable(const std::string& name, Value value) {
   const auto type = m_variableTypes.find(name);
   if (type == m_variableTypes.end()) throw HostError("Variable " + name + " is not defined; Dim it first");
-  if (EqualNoCase(type->second, "Object") && !value.IsObject())
-    throw HostError("Variable " + name + " holds objects; the value is not an object");
+  if (EqualNoCase(type->second, "Object") != value.IsObject())
+    throw HostError("Variable " + name + " holds " + type->second + " values; the value is " +
+                    (value.IsObject() ? "an object" : "not an object"));
   m_variables[name] = std::move(value);
 }
 

@@ -115,7 +115,8 @@ void Host::Run(const RemoveMapLayerStmt& s) {
 
 void Host::Run(const SetMapLayerStmt& s) {
   Window& window = m_windows.RequireMapper(WindowOf(s.window));
-  const Value which = Evaluate(*s.layer);
+  // A layer by its number, or by its table's name, written bare or quoted.
+  const Value which = s.layer->kind == ExprKind::Name && FindTable(s.layer->text) ? Value(s.layer->text) : Evaluate(*s.layer);
   Layer* layer = nullptr;
   if (which.IsNumber()) {
     const auto index = static_cast<std::size_t>(which.AsNumber());

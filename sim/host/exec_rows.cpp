@@ -47,9 +47,7 @@ Table& Host::MakeQueryTable(const SelectQuery& query) {
   table->m_type = TableType::Query;
   table->m_bTemporary = true;
   table->m_bMappable = select.first->m_bMappable;
-  m_db.Exec("BEGIN");
   for (const Row& row : rows) table->InsertRow(row.values, row.object ? &*row.object : nullptr);
-  m_db.Exec("COMMIT");
   table->m_bDirty = false;
   return m_catalog.Add(std::move(table));
 }

@@ -15,15 +15,8 @@ namespace {
 
 std::string Extension(const std::string& path) { return Lower(std::filesystem::path(path).extension().string()); }
 
-void InsertRows(Database& db, Table& table, const std::vector<Row>& rows) {
-  db.Exec("BEGIN");
-  try {
-    for (const Row& row : rows) table.InsertRow(row.values, row.object ? &*row.object : nullptr);
-  } catch (...) {
-    db.Exec("ROLLBACK");
-    throw;
-  }
-  db.Exec("COMMIT");
+void InsertRows(Table& table, const std::vector<Row>& rows) {
+  for (const Row& row : rows) table.InsertRow(row.values, row.object ? &*row.object : nullptr);
 }
 
 }  // namespace
@@ -44,14 +37,14 @@ Table& Host::OpenTableFile(const std::string& path, const std::string& name) {
       if (!std::filesystem::exists(data)) throw HostError("The rows of table " + name + " are missing: no file " + data);
       VectorData rows = ReadVectorData(data, &tab.columns);
       table = std::make_unique<Table>(m_db, name, tab.columns, coordsys);
-      InsertRows(m_db, *table, rows.rows);
+      InsertRows(*table, rows.rows);
     }
     table->m_bMappable = tab.coordsys.has_value();
     table->m_metadata = std::move(tab.metadata);
   } else {
     VectorData data = ReadVectorData(native, nullptr);
     table = std::make_unique<Table>(m_db, name, data.columns, data.coordsys.value_or(CoordSys::NonEarth("m")));
-    InsertRows(m_db, *table, data.rows);
+    InsertRows(*table, data.rows);
     table->m_bMappable = data.coordsys.has_value() || table->HasObjects();
     table->m_bReadOnly = true;
   }

@@ -12,7 +12,16 @@ Host::~Host() = default;
 
 void Host::Do(const std::string& statement) {
   const Statement parsed = ParseStatement(statement);
-  std::visit([this](const auto& s) { Run(s); }, parsed);
+  // The rows a statement changes are changed together or not at all.
+  m_db.Exec("SAVEPOINT statement");
+  try {
+    std::visit([this](const auto& s) { Run(s); }, parsed);
+  } catch (...) {
+    m_db.Exec("ROLLBACK TO statement");
+    m_db.Exec("RELEASE statement");
+    throw;
+  }
+  m_db.Exec("RELEASE statement");
 }
 
 std::string Host::Eval(const std::string& expression) { return Evaluate(*ParseExpressionText(expression)).AsText(); }

@@ -103,3 +103,13 @@ TEST_F(Tables, AlterTableAndMetadata) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST_F(Tables, AStatementThatFailsHalfwayChangesNoRow) {
+  // The third row divides by zero: the first two stay as they were.
+  EXPECT_EQ(DoError("Update Holes Set Depth = 100 / (Depth - 7)"), "Division by zero");
+  EXPECT_THAT(Column("Holes", "Depth"), ::testing::ElementsAre("30.5", "12", "7"));
+}
+
+}  // namespace

@@ -1,6 +1,7 @@
 // Statements on the session: progress bars, menu commands and the dialog
 // boxes they open, scripts, workspaces, windows and layers.
 #include <algorithm>
+#include <cctype>
 #include <filesystem>
 #include <fstream>
 
@@ -15,6 +16,20 @@ namespace {
 constexpr int kMenuOpenTable = 102;
 constexpr int kMenuSymbolStyle = 304;
 constexpr int kMenuLineStyle = 503;
+
+// A window's printer settings as a statement whose settings stand on
+// indented lines of their own.
+template <typename Line>
+void WritePrinter(const Window& window, const Line& line) {
+  if (window.printer.empty()) return;
+  line("Set Window FrontWindow() Printer");
+  for (const auto& [word, value] : window.printer) {
+    const bool quoted = word == "NAME";
+    std::string name = Lower(word);
+    name[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(name[0])));
+    line("  " + name + " " + (quoted ? Quote(value) : value));
+  }
+}
 
 std::vector<std::string> RealNames(Host& host, const std::vector<std::string>& tables) {
   std::vector<std::string> names;
@@ -77,6 +92,7 @@ void Host::Run(const SaveWorkspaceStmt& s) {
   for (const Window& window : m_windows.All()) {
     if (window.type == 2) {
       line("Browse * From " + window.table);
+      WritePrinter(window, line);
       continue;
     }
     std::string tables;
@@ -85,6 +101,7 @@ void Host::Run(const SaveWorkspaceStmt& s) {
     for (std::size_t i = 0; i < window.layers.size(); ++i)
       if (window.layers[i].editable)
         line("Set Map Window FrontWindow() Layer " + std::to_string(i + 1) + " Editable On");
+    WritePrinter(window, line);
   }
   if (!out.flush()) throw HostError("The workspace " + path + " can't be written");
 }
@@ -136,6 +153,19 @@ void Host::Run(const BrowseStmt& s) { m_windows.OpenBrowser(RequireTable(s.table
 void Host::Run(const CloseWindowStmt& s) { m_windows.Close(WindowOf(s.window)); }
 
 void Host::Run(const SetWindowTitleStmt& s) { m_windows.Require(WindowOf(s.window)).title = TextOf(s.title); }
+
+void Host::Run(const SetWindowPrinterStmt& s) {
+  Window& window = m_windows.Require(WindowOf(s.window));
+  for (const auto& [word, value] : s.settings) {
+    if (word == "DEFAULT") {
+      window.printer.clear();
+      continue;
+    }
+    const std::string text = TextOf(value);
+    std::erase_if(window.printer, [&](const auto& setting) { return setting.first == word; });
+    window.printer.emplace_back(word, text);
+  }
+}
 
 void Host::Run(const PrintStmt& s) { m_printed.push_back(TextOf(s.value)); }
 

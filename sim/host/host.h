@@ -110,6 +110,7 @@ class Host {
   void Run(const BrowseStmt& s);
   void Run(const CloseWindowStmt& s);
   void Run(const SetWindowTitleStmt& s);
+  void Run(const SetWindowPrinterStmt& s);
   void Run(const PrintStmt& s);
 
   // Helpers shared by the statement groups.

@@ -220,6 +220,34 @@ Statement ParseSetMap(TokenStream& t) {
   return s;
 }
 
+Statement ParsePrinter(TokenStream& t, ExprPtr window) {
+  SetWindowPrinterStmt s{std::move(window), {}};
+  while (!t.AtEnd()) {
+    const std::string word = Upper(t.ExpectName("a printer setting"));
+    if (word == "DEFAULT") {
+      s.settings.emplace_back(word, nullptr);
+    } else if (word == "ORIENTATION") {
+      if (!t.Peek().Is("Portrait") && !t.Peek().Is("Landscape")) t.Fail("expected Portrait or Landscape");
+      Expr value;
+      value.kind = ExprKind::Text;
+      value.text = t.Take().text;
+      s.settings.emplace_back(word, std::make_shared<const Expr>(value));
+    } else if (word == "NAME" || word == "COPIES" || word == "PAPERSIZE") {
+      s.settings.emplace_back(word, ParseExpression(t));
+    } else {
+      t.Fail("unknown printer setting " + word);
+    }
+  }
+  return s;
+}
+
+Statement ParseSetWindow(TokenStream& t) {
+  ExprPtr window = ParseExpression(t);
+  if (t.Accept("Printer")) return ParsePrinter(t, window);
+  t.Expect("Title");
+  return SetWindowTitleStmt{window, ParseExpression(t)};
+}
+
 Statement ParseSet(TokenStream& t) {
   if (t.Accept("Table")) {
     SetFastEditStmt s;
@@ -238,13 +266,7 @@ Statement ParseSet(TokenStream& t) {
   if (t.Accept("ProgressBars")) return SetProgressBarsStmt{OnOff(t)};
   if (t.Accept("Style")) return SetStyleStmt{ParseExpression(t)};
   if (t.Accept("Map")) return ParseSetMap(t);
-  if (t.Accept("Window")) {
-    SetWindowTitleStmt s;
-    s.window = ParseExpression(t);
-    t.Expect("Title");
-    s.title = ParseExpression(t);
-    return s;
-  }
+  if (t.Accept("Window")) return ParseSetWindow(t);
   t.Fail("expected Table, CoordSys, ProgressBars, Style, Map or Window after Set");
 }
 

@@ -143,10 +143,16 @@ struct SetMapLayerStmt {
 };
 struct BrowseStmt { std::string table; };
 struct CloseWindowStmt { ExprPtr window; };
-// "Set Window n Title "text""
+// "Set Window n Title "text"" | "Set Window n Printer setting ..."
 struct SetWindowTitleStmt {
   ExprPtr window;
   ExprPtr title;
+};
+// Printer settings: "Default", "Name "text"", "Orientation Portrait|Landscape",
+// "Copies n", "Papersize n", in any order.
+struct SetWindowPrinterStmt {
+  ExprPtr window;
+  std::vector<std::pair<std::string, ExprPtr>> settings;  // upper-cased word, value or null
 };
 struct PrintStmt { ExprPtr value; };
 
@@ -156,7 +162,7 @@ using Statement =
                  SetFastEditStmt, SetCoordSysStmt, SetProgressBarsStmt, SetStyleStmt, DimStmt, AssignStmt,
                  CreateObjectStmt, AlterObjectStmt, RunMenuCommandStmt, RunApplicationStmt, SaveWorkspaceStmt,
                  MetadataStmt, MapFromStmt, AddMapLayerStmt, RemoveMapLayerStmt, SetMapLayerStmt, BrowseStmt,
-                 CloseWindowStmt, SetWindowTitleStmt, PrintStmt>;
+                 CloseWindowStmt, SetWindowTitleStmt, SetWindowPrinterStmt, PrintStmt>;
 
 // Parses one statement; throws SyntaxError.
 Statement ParseStatement(std::string_view text);

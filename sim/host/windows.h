@@ -23,6 +23,7 @@ struct Window {
   std::string title;
   std::vector<Layer> layers;  // mappers
   std::string table;          // browsers
+  std::vector<std::pair<std::string, std::string>> printer;  // printer settings, by upper-cased word
 };
 
 class Windows {

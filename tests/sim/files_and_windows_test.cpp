@@ -124,6 +124,7 @@ TEST_F(Files, WindowsLayersAndAWorkspaceThatReadsBack) {
   EXPECT_EQ(Eval("LayerInfo(0, 2, 24)"), "4");
   EXPECT_EQ(Eval("LayerInfo(" + mapper + ", 1, 24)"), "0");
   Do("Set Map Window FrontWindow() Layer Collars Editable On");
+  Do("Set Window FrontWindow() Printer Name \"Plotter A0\" Orientation Landscape Copies 2");
   Do("Browse * From Assays");
   EXPECT_EQ(Eval("WindowInfo(FrontWindow(), 3)"), "2");
   EXPECT_THAT(DoError("Print MapperInfo(FrontWindow(), 9)"), HasSubstr("is not a map window"));
@@ -133,17 +134,26 @@ TEST_F(Files, WindowsLayersAndAWorkspaceThatReadsBack) {
   EXPECT_EQ(Eval("NumWindows()"), "0") << "closing the tables closes their windows";
   std::ifstream workspace(Path("session.wor"));
   std::vector<std::string> lines;
+  std::string statement;
   for (std::string line; std::getline(workspace, line);) {
     if (!line.empty() && line.back() == '\r') line.pop_back();
     lines.push_back(line);
-    if (line[0] != '!') Do(line);  // the workspace runs statement by statement
+    if (line[0] == ' ') {  // an indented line goes on with the statement before it
+      statement += line;
+      continue;
+    }
+    if (!statement.empty()) Do(statement);  // the workspace runs statement by statement
+    statement = line[0] == '!' ? "" : line;
   }
-  EXPECT_EQ(lines.size(), 9u);
+  if (!statement.empty()) Do(statement);
+  EXPECT_EQ(lines.size(), 13u);
+  EXPECT_EQ(lines[9], "  Name \"Plotter A0\"");
   EXPECT_EQ(Eval("NumTables()"), "3");
   ASSERT_EQ(Eval("NumWindows()"), "2");
   const std::string reopened = std::to_string(m_host.Windowing().All().front().id);
   EXPECT_EQ(Eval("LayerInfo(" + reopened + ", 1, 6)"), "T") << "the editable layer is editable again";
   EXPECT_EQ(Eval("LayerInfo(" + reopened + ", 2, 6)"), "F");
+  EXPECT_EQ(m_host.Windowing().All().front().printer.size(), 3u) << "the printer settings came back";
 }
 
 TEST_F(Files, ScriptsRunAndMenuCommandsAnswerFromTheirQueues) {

@@ -67,6 +67,7 @@ TEST(Grammar, StatementsBeyondTheLibrarysTextsParseToo) {
       "Alter Table Holes (Add A Char (10), B Decimal (8, 2) Drop Grade Rename Depth DepthTo)",
       "Metadata Table Holes DropKey \"\\Terravik\\x\"",
       "Close All",
+      "Set Window FrontWindow() Printer Default Name \"Plotter\" Orientation Portrait Copies 1 Papersize 9",
   };
   for (const char* statement : statements) EXPECT_NO_THROW(ParseStatement(statement)) << statement;
 }

@@ -36,9 +36,9 @@ struct UnitInfo {
 
 const UnitInfo& UnitOf(const std::string& unit) {
   static const std::map<std::string, UnitInfo> kUnits = {
-      {"m", {"m", 1.0}},          {"km", {"km", 1000.0}},     {"cm", {"cm", 0.01}},
-      {"mm", {"mm", 0.001}},      {"ft", {"ft", 0.3048}},     {"survey ft", {"us-ft", 1200.0 / 3937.0}},
-      {"in", {"in", 0.0254}},     {"yd", {"yd", 0.9144}},     {"mi", {"mi", 1609.344}},
+      {"m", {"m", 1.0}},       {"km", {"km", 1000.0}}, {"cm", {"cm", 0.01}},
+      {"mm", {"mm", 0.001}},   {"ft", {"ft", 0.3048}}, {"survey ft", {"us-ft", 1200.0 / 3937.0}},
+      {"in", {"in", 0.0254}},  {"yd", {"yd", 0.9144}}, {"mi", {"mi", 1609.344}},
       {"nmi", {"kmi", 1852.0}}};
   const auto it = kUnits.find(Lower(unit));
   if (it == kUnits.end()) throw HostError("Unit \"" + unit + "\" is not supported");
@@ -69,8 +69,9 @@ CoordSys CoordSys::TransverseMercator(int datum, std::string unit, std::vector<d
   DatumOf(datum);
   UnitOf(unit);
   if (params.size() != 5)
-    throw HostError("Transverse Mercator needs five parameters: central meridian, origin latitude, scale factor, "
-                    "false easting, false northing");
+    throw HostError(
+        "Transverse Mercator needs five parameters: central meridian, origin latitude, scale factor, "
+        "false easting, false northing");
   CoordSys cs;
   cs.m_kind = Kind::Earth;
   cs.m_nProjection = kProjTransverseMercator;
@@ -113,7 +114,8 @@ std::string CoordSys::Name() const {
   if (m_nProjection == kProjLongLat) return "Longitude / Latitude (" + datum + ")";
   if (const auto zone = UtmZone()) {
     const std::string hemisphere = m_params[4] == 0 ? "North" : "South";
-    if (m_nDatum == kDatumGda94 && hemisphere == "South") return "Map Grid of Australia (GDA94) Zone " + std::to_string(*zone);
+    if (m_nDatum == kDatumGda94 && hemisphere == "South")
+      return "Map Grid of Australia (GDA94) Zone " + std::to_string(*zone);
     return "Universal Transverse Mercator (" + datum + ") Zone " + std::to_string(*zone) + " " + hemisphere;
   }
   return "Transverse Mercator (" + datum + ")";
@@ -131,8 +133,8 @@ std::string CoordSys::ProjDefinition() const {
   // PROJ takes false easting and northing in metres, whatever the units.
   const double metres = UnitOf(m_strUnit).metres;
   return "+proj=tmerc +lat_0=" + FormatNumber(m_params[1]) + " +lon_0=" + FormatNumber(m_params[0]) +
-         " +k=" + FormatNumber(m_params[2]) + " +x_0=" + FormatNumber(m_params[3] * metres) + " +y_0=" +
-         FormatNumber(m_params[4] * metres) + " " + datum.projParams + " +units=" + UnitOf(m_strUnit).proj +
+         " +k=" + FormatNumber(m_params[2]) + " +x_0=" + FormatNumber(m_params[3] * metres) +
+         " +y_0=" + FormatNumber(m_params[4] * metres) + " " + datum.projParams + " +units=" + UnitOf(m_strUnit).proj +
          " +no_defs +type=crs";
 }
 

@@ -30,10 +30,14 @@ SqlStatement::SqlStatement(Database& db, const std::string& sql) : m_db(db) {
 SqlStatement::~SqlStatement() { sqlite3_finalize(m_stmt); }
 
 void SqlStatement::Bind(int index, const Value& value) {
-  if (value.IsNull()) sqlite3_bind_null(m_stmt, index);
-  else if (value.IsNumber()) sqlite3_bind_double(m_stmt, index, value.AsNumber());
-  else if (value.IsBool()) sqlite3_bind_int(m_stmt, index, value.AsBool() ? 1 : 0);
-  else BindText(index, value.AsText());
+  if (value.IsNull())
+    sqlite3_bind_null(m_stmt, index);
+  else if (value.IsNumber())
+    sqlite3_bind_double(m_stmt, index, value.AsNumber());
+  else if (value.IsBool())
+    sqlite3_bind_int(m_stmt, index, value.AsBool() ? 1 : 0);
+  else
+    BindText(index, value.AsText());
 }
 
 void SqlStatement::BindText(int index, const std::string& text) {

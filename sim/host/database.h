@@ -41,7 +41,10 @@ class SqlStatement {
   void BindInt(int index, std::int64_t number);
   // True while a row is there; throws HostError on failure.
   bool Step();
-  void Run() { while (Step()) {} }
+  void Run() {
+    while (Step()) {
+    }
+  }
   int ColumnCount() const;
   bool IsNull(int column) const;
   std::int64_t Int(int column) const;

@@ -56,7 +56,8 @@ Value Host::Evaluate(const Expr& e, const RowContext* row) {
       if (m_variableTypes.contains(e.text)) throw HostError("Variable " + e.text + " has no value yet");
       if (EqualNoCase(e.text, "True")) return Value(true);
       if (EqualNoCase(e.text, "False")) return Value(false);
-      throw HostError(e.text + " is not a variable" + (row && row->table ? " or a column of " + row->table->Name() : ""));
+      throw HostError(e.text + " is not a variable" +
+                      (row && row->table ? " or a column of " + row->table->Name() : ""));
     }
     case ExprKind::Member: {
       Table& table = RequireTable(e.qualifier);

@@ -30,7 +30,8 @@ void SetMainStyle(Object& object, const Style& style) {
     if (style.Kind() != StyleKind::Font) throw HostError("A text takes a font style, not " + style.Text());
     object.font = style;
   } else {
-    if (style.Kind() != StyleKind::Pen) throw HostError("A " + KindName(object.kind) + " takes a pen style, not " + style.Text());
+    if (style.Kind() != StyleKind::Pen)
+      throw HostError("A " + KindName(object.kind) + " takes a pen style, not " + style.Text());
     object.pen = style;
   }
 }
@@ -53,8 +54,10 @@ std::string Host::CurrentStyle(StyleKind kind) const {
 }
 
 void Host::Run(const SetCoordSysStmt& s) {
-  if (s.coordsys) m_coordsys = std::make_shared<const CoordSys>(*s.coordsys);
-  else m_coordsys = std::make_shared<const CoordSys>(RequireTable(s.table).m_coordsys);
+  if (s.coordsys)
+    m_coordsys = std::make_shared<const CoordSys>(*s.coordsys);
+  else
+    m_coordsys = std::make_shared<const CoordSys>(RequireTable(s.table).m_coordsys);
 }
 
 void Host::Run(const SetStyleStmt& s) {
@@ -113,8 +116,10 @@ void Host::Run(const CreateObjectStmt& s) {
   ApplyDefaultStyles(object, m_pen, m_brush, m_symbol, m_font);
   for (const auto& [word, expr] : s.styles) {
     const Style style = StyleOf(Evaluate(*expr));
-    if (word == "BRUSH") SetBrush(object, style);
-    else SetMainStyle(object, style);
+    if (word == "BRUSH")
+      SetBrush(object, style);
+    else
+      SetMainStyle(object, style);
   }
   SetVariable(s.variable, Value(ObjectValue{std::make_shared<const Object>(std::move(object)), m_coordsys}));
 }

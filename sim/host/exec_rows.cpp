@@ -14,7 +14,8 @@ bool IsObjectColumn(const std::string& name) { return EqualNoCase(name, "Obj") |
 
 void RequireWritable(const Table& table) {
   if (table.m_bReadOnly) throw HostError("Table " + table.Name() + " is read-only");
-  if (table.m_type == TableType::Raster) throw HostError("Table " + table.Name() + " is a raster image; it has no rows");
+  if (table.m_type == TableType::Raster)
+    throw HostError("Table " + table.Name() + " is a raster image; it has no rows");
 }
 
 }  // namespace
@@ -86,13 +87,15 @@ void Host::Run(const InsertStmt& s) {
   }
   for (const std::vector<Value>& values : sources) {
     if (values.size() != columns.size())
-      throw HostError("Insert into " + table.Name() + " names " + std::to_string(columns.size()) + " columns but gives " +
-                      std::to_string(values.size()) + " values");
+      throw HostError("Insert into " + table.Name() + " names " + std::to_string(columns.size()) +
+                      " columns but gives " + std::to_string(values.size()) + " values");
     std::vector<Value> row(table.Columns().size());
     std::optional<Object> object;
     for (std::size_t i = 0; i < columns.size(); ++i) {
-      if (IsObjectColumn(columns[i])) object = ObjectFromValue(values[i], table);
-      else row[static_cast<std::size_t>(table.RequireColumn(columns[i]))] = values[i];
+      if (IsObjectColumn(columns[i]))
+        object = ObjectFromValue(values[i], table);
+      else
+        row[static_cast<std::size_t>(table.RequireColumn(columns[i]))] = values[i];
     }
     table.InsertRow(row, object ? &*object : nullptr);
   }
@@ -143,8 +146,8 @@ void Host::Run(const FetchStmt& s) {
     case FetchStmt::Where::Rec: {
       const double row = Evaluate(*s.row).AsNumber("The row number");
       if (row < 1 || row > static_cast<double>(table.RowCount()))
-        throw HostError("Table " + table.Name() + " has " + std::to_string(table.RowCount()) + " rows; there is no row " +
-                        FormatNumber(row));
+        throw HostError("Table " + table.Name() + " has " + std::to_string(table.RowCount()) +
+                        " rows; there is no row " + FormatNumber(row));
       table.m_nCurrentRow = static_cast<std::int64_t>(row);
     }
   }

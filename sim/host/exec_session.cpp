@@ -88,7 +88,8 @@ void Host::Run(const SaveWorkspaceStmt& s) {
   line("!Version 1000");
   line("!Charset Neutral");
   for (const auto& table : m_catalog.All())
-    if (!table->m_strPath.empty()) line("Open Table " + Quote(table->m_strPath) + " As " + table->Name() + " Interactive");
+    if (!table->m_strPath.empty())
+      line("Open Table " + Quote(table->m_strPath) + " As " + table->Name() + " Interactive");
   for (const Window& window : m_windows.All()) {
     if (window.type == 2) {
       line("Browse * From " + window.table);
@@ -125,7 +126,8 @@ void Host::Run(const RemoveMapLayerStmt& s) {
   for (const std::string& name : s.tables) {
     const auto it = std::find_if(window.layers.begin(), window.layers.end(),
                                  [&](const Layer& layer) { return EqualNoCase(layer.table, name); });
-    if (it == window.layers.end()) throw HostError("Table " + name + " is not a layer of window " + std::to_string(window.id));
+    if (it == window.layers.end())
+      throw HostError("Table " + name + " is not a layer of window " + std::to_string(window.id));
     window.layers.erase(it);
   }
 }
@@ -133,7 +135,8 @@ void Host::Run(const RemoveMapLayerStmt& s) {
 void Host::Run(const SetMapLayerStmt& s) {
   Window& window = m_windows.RequireMapper(WindowOf(s.window));
   // A layer by its number, or by its table's name, written bare or quoted.
-  const Value which = s.layer->kind == ExprKind::Name && FindTable(s.layer->text) ? Value(s.layer->text) : Evaluate(*s.layer);
+  const Value which =
+      s.layer->kind == ExprKind::Name && FindTable(s.layer->text) ? Value(s.layer->text) : Evaluate(*s.layer);
   Layer* layer = nullptr;
   if (which.IsNumber()) {
     const auto index = static_cast<std::size_t>(which.AsNumber());
@@ -143,9 +146,12 @@ void Host::Run(const SetMapLayerStmt& s) {
       if (EqualNoCase(candidate.table, which.AsText())) layer = &candidate;
   }
   if (!layer) throw HostError("Window " + std::to_string(window.id) + " has no layer " + which.AsText());
-  if (s.property == "EDITABLE") layer->editable = s.on;
-  else if (s.property == "SELECTABLE") layer->selectable = s.on;
-  else layer->display = s.on;
+  if (s.property == "EDITABLE")
+    layer->editable = s.on;
+  else if (s.property == "SELECTABLE")
+    layer->selectable = s.on;
+  else
+    layer->display = s.on;
 }
 
 void Host::Run(const BrowseStmt& s) { m_windows.OpenBrowser(RequireTable(s.table).Name()); }

@@ -34,7 +34,8 @@ Table& Host::OpenTableFile(const std::string& path, const std::string& name) {
       table->m_strRasterFile = tab.rasterFile;
     } else {
       const std::string data = DataFileOf(native);
-      if (!std::filesystem::exists(data)) throw HostError("The rows of table " + name + " are missing: no file " + data);
+      if (!std::filesystem::exists(data))
+        throw HostError("The rows of table " + name + " are missing: no file " + data);
       VectorData rows = ReadVectorData(data, &tab.columns);
       table = std::make_unique<Table>(m_db, name, tab.columns, coordsys);
       InsertRows(*table, rows.rows);
@@ -66,8 +67,10 @@ void Host::Run(const OpenTableStmt& s) {
   Table& table = OpenTableFile(path, name);
   if (s.readOnly) table.m_bReadOnly = true;
   if (s.viewAutomatic && !s.hide) {
-    if (table.m_bMappable) m_windows.OpenMapper({table.Name()});
-    else m_windows.OpenBrowser(table.Name());
+    if (table.m_bMappable)
+      m_windows.OpenMapper({table.Name()});
+    else
+      m_windows.OpenBrowser(table.Name());
   }
 }
 
@@ -85,7 +88,8 @@ void Host::Run(const CloseTableStmt& s) {
 }
 
 void Host::SaveTable(Table& table, const std::string& path, const CoordSys& coordsys) {
-  if (table.m_type == TableType::Raster) throw HostError("Table " + table.Name() + " is a raster image; it has no rows to save");
+  if (table.m_type == TableType::Raster)
+    throw HostError("Table " + table.Name() + " is a raster image; it has no rows to save");
   const std::string native = fk::Native(path);
   if (Extension(native) != ".tab") throw HostError("A table is saved as a .tab file, not as " + path);
   const std::filesystem::path folder = std::filesystem::path(native).parent_path();
@@ -140,7 +144,8 @@ void Host::Run(const DropTableStmt& s) {
 
 void Host::Run(const PackTableStmt& s) {
   Table& table = RequireTable(s.table);
-  if (table.m_type == TableType::Raster) throw HostError("Table " + table.Name() + " is a raster image and can't be packed");
+  if (table.m_type == TableType::Raster)
+    throw HostError("Table " + table.Name() + " is a raster image and can't be packed");
   table.Pack();
 }
 
@@ -157,7 +162,8 @@ void Host::Run(const CreateTableStmt& s) {
 
 void Host::Run(const AlterTableStmt& s) {
   Table& table = RequireTable(s.table);
-  if (table.m_type == TableType::Raster) throw HostError("Table " + table.Name() + " is a raster image; it has no columns");
+  if (table.m_type == TableType::Raster)
+    throw HostError("Table " + table.Name() + " is a raster image; it has no columns");
   for (const AlterAction& action : s.actions) {  // check every action before any is done
     if (action.kind == AlterAction::Kind::Add && table.ColumnIndex(action.column.name) >= 0 &&
         EqualNoCase(table.Columns()[table.ColumnIndex(action.column.name)].name, action.column.name))
@@ -165,9 +171,12 @@ void Host::Run(const AlterTableStmt& s) {
     if (action.kind != AlterAction::Kind::Add) table.RequireColumn(action.name);
   }
   for (const AlterAction& action : s.actions) {
-    if (action.kind == AlterAction::Kind::Add) table.AddColumn(action.column);
-    else if (action.kind == AlterAction::Kind::Drop) table.DropColumn(table.RequireColumn(action.name));
-    else table.RenameColumn(table.RequireColumn(action.name), action.newName);
+    if (action.kind == AlterAction::Kind::Add)
+      table.AddColumn(action.column);
+    else if (action.kind == AlterAction::Kind::Drop)
+      table.DropColumn(table.RequireColumn(action.name));
+    else
+      table.RenameColumn(table.RequireColumn(action.name), action.newName);
   }
 }
 

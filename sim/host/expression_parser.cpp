@@ -177,8 +177,10 @@ SelectQuery ParseSelect(TokenStream& t) {
     t.Expect("By");
     do {
       OrderItem item{ParseSum(t), false};
-      if (t.Accept("Desc")) item.descending = true;
-      else t.Accept("Asc");
+      if (t.Accept("Desc"))
+        item.descending = true;
+      else
+        t.Accept("Asc");
       query.order.push_back(std::move(item));
     } while (t.AcceptSign(","));
   }

@@ -22,7 +22,6 @@ void Arity(const Expr& call, std::size_t count) {
 Value Flag(bool value) { return Value(std::string(value ? "T" : "F")); }
 Value Number(double value) { return Value(value); }
 
-
 }  // namespace
 
 // What each function does, by upper-cased name.
@@ -181,7 +180,8 @@ Value ObjectNode(Host& host, const Expr& call, const RowContext* row, bool wantX
   const Object o = ObjectArg(host, call, row);
   const int part = Code(host, call, 1, row), node = Code(host, call, 2, row);
   if (part < 1 || part > static_cast<int>(o.parts.size()))
-    throw HostError("The object has " + std::to_string(o.parts.size()) + " parts; there is no part " + std::to_string(part));
+    throw HostError("The object has " + std::to_string(o.parts.size()) + " parts; there is no part " +
+                    std::to_string(part));
   int first = 1;
   for (int p = 1; p < part; ++p) first += static_cast<int>(o.parts[static_cast<std::size_t>(p - 1)].size());
   const Part& nodes = o.parts[static_cast<std::size_t>(part - 1)];
@@ -206,8 +206,10 @@ Value MakeStyle(Host& host, const Expr& call, const RowContext* row) {
   std::vector<Style::Field> fields;
   for (const ExprPtr& arg : call.args) {
     const Value value = host.Evaluate(*arg, row);
-    if (value.IsText()) fields.emplace_back(value.AsText());
-    else fields.emplace_back(value.AsNumber("A style value"));
+    if (value.IsText())
+      fields.emplace_back(value.AsText());
+    else
+      fields.emplace_back(value.AsNumber("A style value"));
   }
   return Value(*ConstructStyle(call.text, fields));
 }
@@ -217,7 +219,8 @@ std::string Text(Host& host, const Expr& call, std::size_t index, const RowConte
 }
 
 double Num(Host& host, const Expr& call, std::size_t index, const RowContext* row) {
-  return host.Evaluate(*call.args.at(index), row).AsNumber("Argument " + std::to_string(index + 1) + " of " + call.text);
+  return host.Evaluate(*call.args.at(index), row)
+      .AsNumber("Argument " + std::to_string(index + 1) + " of " + call.text);
 }
 
 }  // namespace
@@ -227,12 +230,28 @@ const std::map<std::string, FunctionTable::Function>& FunctionTable::All() {
   using E = Expr;
   using R = const RowContext*;
   static const std::map<std::string, Function> kFunctions = {
-      {"NUMTABLES", [](H& h, const E& c, R) { Arity(c, 0); return Number(static_cast<double>(h.Tables().Count())); }},
-      {"NUMWINDOWS", [](H& h, const E& c, R) { Arity(c, 0); return Number(static_cast<double>(h.Windowing().All().size())); }},
-      {"FRONTWINDOW", [](H& h, const E& c, R) { Arity(c, 0); return Number(static_cast<double>(h.Windowing().Front())); }},
+      {"NUMTABLES",
+       [](H& h, const E& c, R) {
+         Arity(c, 0);
+         return Number(static_cast<double>(h.Tables().Count()));
+       }},
+      {"NUMWINDOWS",
+       [](H& h, const E& c, R) {
+         Arity(c, 0);
+         return Number(static_cast<double>(h.Windowing().All().size()));
+       }},
+      {"FRONTWINDOW",
+       [](H& h, const E& c, R) {
+         Arity(c, 0);
+         return Number(static_cast<double>(h.Windowing().Front()));
+       }},
       {"TABLEINFO", TableInfo},
       {"COLUMNINFO", ColumnInfo},
-      {"NUMCOLS", [](H& h, const E& c, R r) { Arity(c, 1); return Number(static_cast<double>(h.TableOf(*c.args[0], r).Columns().size())); }},
+      {"NUMCOLS",
+       [](H& h, const E& c, R r) {
+         Arity(c, 1);
+         return Number(static_cast<double>(h.TableOf(*c.args[0], r).Columns().size()));
+       }},
       {"WINDOWINFO", WindowInfo},
       {"MAPPERINFO", MapperInfo},
       {"LAYERINFO", LayerInfo},
@@ -241,29 +260,85 @@ const std::map<std::string, FunctionTable::Function>& FunctionTable::All() {
       {"OBJECTGEOGRAPHY", ObjectGeography},
       {"OBJECTNODEX", [](H& h, const E& c, R r) { return ObjectNode(h, c, r, true); }},
       {"OBJECTNODEY", [](H& h, const E& c, R r) { return ObjectNode(h, c, r, false); }},
-      {"PATHTOTABLENAME$", [](H& h, const E& c, R r) { Arity(c, 1); return Value(TableNameFromPath(Text(h, c, 0, r))); }},
+      {"PATHTOTABLENAME$",
+       [](H& h, const E& c, R r) {
+         Arity(c, 1);
+         return Value(TableNameFromPath(Text(h, c, 0, r)));
+       }},
       {"GETMETADATA$", GetMetadata},
-      {"CURRENTSYMBOL", [](H& h, const E& c, R) { Arity(c, 0); return Value(h.CurrentStyle(StyleKind::Symbol)); }},
-      {"CURRENTPEN", [](H& h, const E& c, R) { Arity(c, 0); return Value(h.CurrentStyle(StyleKind::Pen)); }},
-      {"CURRENTBRUSH", [](H& h, const E& c, R) { Arity(c, 0); return Value(h.CurrentStyle(StyleKind::Brush)); }},
-      {"CURRENTFONT", [](H& h, const E& c, R) { Arity(c, 0); return Value(h.CurrentStyle(StyleKind::Font)); }},
-      {"UCASE$", [](H& h, const E& c, R r) { Arity(c, 1); return Value(Upper(Text(h, c, 0, r))); }},
-      {"LCASE$", [](H& h, const E& c, R r) { Arity(c, 1); return Value(Lower(Text(h, c, 0, r))); }},
-      {"LEN", [](H& h, const E& c, R r) { Arity(c, 1); return Number(static_cast<double>(Text(h, c, 0, r).size())); }},
-      {"LEFT$", [](H& h, const E& c, R r) { Arity(c, 2); return Value(Text(h, c, 0, r).substr(0, static_cast<std::size_t>(std::max(0.0, Num(h, c, 1, r))))); }},
-      {"STR$", [](H& h, const E& c, R r) { Arity(c, 1); return Value(Text(h, c, 0, r)); }},
-      {"VAL", [](H& h, const E& c, R r) { Arity(c, 1); return Number(std::atof(Text(h, c, 0, r).c_str())); }},
-      {"INT", [](H& h, const E& c, R r) { Arity(c, 1); return Number(std::floor(Num(h, c, 0, r))); }},
-      {"ABS", [](H& h, const E& c, R r) { Arity(c, 1); return Number(std::fabs(Num(h, c, 0, r))); }},
-      {"FILEEXISTS", [](H& h, const E& c, R r) { Arity(c, 1); return Flag(std::filesystem::exists(Text(h, c, 0, r))); }},
+      {"CURRENTSYMBOL",
+       [](H& h, const E& c, R) {
+         Arity(c, 0);
+         return Value(h.CurrentStyle(StyleKind::Symbol));
+       }},
+      {"CURRENTPEN",
+       [](H& h, const E& c, R) {
+         Arity(c, 0);
+         return Value(h.CurrentStyle(StyleKind::Pen));
+       }},
+      {"CURRENTBRUSH",
+       [](H& h, const E& c, R) {
+         Arity(c, 0);
+         return Value(h.CurrentStyle(StyleKind::Brush));
+       }},
+      {"CURRENTFONT",
+       [](H& h, const E& c, R) {
+         Arity(c, 0);
+         return Value(h.CurrentStyle(StyleKind::Font));
+       }},
+      {"UCASE$",
+       [](H& h, const E& c, R r) {
+         Arity(c, 1);
+         return Value(Upper(Text(h, c, 0, r)));
+       }},
+      {"LCASE$",
+       [](H& h, const E& c, R r) {
+         Arity(c, 1);
+         return Value(Lower(Text(h, c, 0, r)));
+       }},
+      {"LEN",
+       [](H& h, const E& c, R r) {
+         Arity(c, 1);
+         return Number(static_cast<double>(Text(h, c, 0, r).size()));
+       }},
+      {"LEFT$",
+       [](H& h, const E& c, R r) {
+         Arity(c, 2);
+         return Value(Text(h, c, 0, r).substr(0, static_cast<std::size_t>(std::max(0.0, Num(h, c, 1, r)))));
+       }},
+      {"STR$",
+       [](H& h, const E& c, R r) {
+         Arity(c, 1);
+         return Value(Text(h, c, 0, r));
+       }},
+      {"VAL",
+       [](H& h, const E& c, R r) {
+         Arity(c, 1);
+         return Number(std::atof(Text(h, c, 0, r).c_str()));
+       }},
+      {"INT",
+       [](H& h, const E& c, R r) {
+         Arity(c, 1);
+         return Number(std::floor(Num(h, c, 0, r)));
+       }},
+      {"ABS",
+       [](H& h, const E& c, R r) {
+         Arity(c, 1);
+         return Number(std::fabs(Num(h, c, 0, r)));
+       }},
+      {"FILEEXISTS",
+       [](H& h, const E& c, R r) {
+         Arity(c, 1);
+         return Flag(std::filesystem::exists(Text(h, c, 0, r)));
+       }},
   };
   return kFunctions;
 }
 
 Value Host::CallFunction(const Expr& call, const RowContext* row) {
   const std::string name = Upper(call.text);
-  static const char* kStyleWords[] = {"MAKEPEN", "MAKEBRUSH", "MAKESYMBOL", "MAKEFONTSYMBOL", "MAKEFONT",
-                                      "PEN",     "BRUSH",     "SYMBOL",     "FONT"};
+  static const char* kStyleWords[] = {"MAKEPEN", "MAKEBRUSH", "MAKESYMBOL", "MAKEFONTSYMBOL", "MAKEFONT", "PEN",
+                                      "BRUSH",   "SYMBOL",    "FONT"};
   for (const char* word : kStyleWords)
     if (name == word) return MakeStyle(*this, call, row);
   const auto& functions = FunctionTable::All();

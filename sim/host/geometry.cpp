@@ -11,11 +11,13 @@ namespace sim {
 
 bool Object::IsBoxed() const {
   switch (kind) {
-    case ObjectKind::Arc: case ObjectKind::Ellipse: case ObjectKind::Frame:
-    case ObjectKind::Rectangle: case ObjectKind::RoundedRectangle: case ObjectKind::Text:
-      return true;
-    default:
-      return false;
+    case ObjectKind::Arc:
+    case ObjectKind::Ellipse:
+    case ObjectKind::Frame:
+    case ObjectKind::Rectangle:
+    case ObjectKind::RoundedRectangle:
+    case ObjectKind::Text: return true;
+    default: return false;
   }
 }
 
@@ -65,8 +67,13 @@ void ApplyDefaultStyles(Object& object, const Style& pen, const Style& brush, co
   switch (object.kind) {
     case ObjectKind::Point: object.symbol = symbol; break;
     case ObjectKind::Text: object.font = font; break;
-    case ObjectKind::Line: case ObjectKind::Polyline: case ObjectKind::Arc: object.pen = pen; break;
-    default: object.pen = pen; object.brush = brush; break;
+    case ObjectKind::Line:
+    case ObjectKind::Polyline:
+    case ObjectKind::Arc: object.pen = pen; break;
+    default:
+      object.pen = pen;
+      object.brush = brush;
+      break;
   }
 }
 
@@ -76,9 +83,12 @@ namespace {
 std::string Escape(const std::string& text) {
   std::string out;
   for (char c : text) {
-    if (c == '\\') out += "\\\\";
-    else if (c == '\n') out += "\\n";
-    else out += c;
+    if (c == '\\')
+      out += "\\\\";
+    else if (c == '\n')
+      out += "\\n";
+    else
+      out += c;
   }
   return out;
 }
@@ -167,18 +177,26 @@ Object Object::FromDescriptor(const std::string& descriptor) {
       if (number < 1 || number > 10) throw HostError("A stored object has an unknown kind " + value);
       object.kind = static_cast<ObjectKind>(number);
       hasKind = true;
-    } else if (key == "pen") object.pen = ParseStyleText(value);
-    else if (key == "brush") object.brush = ParseStyleText(value);
-    else if (key == "symbol") object.symbol = ParseStyleText(value);
-    else if (key == "font") object.font = ParseStyleText(value);
-    else if (key == "rounding") object.rounding = NumberOf(value);
+    } else if (key == "pen")
+      object.pen = ParseStyleText(value);
+    else if (key == "brush")
+      object.brush = ParseStyleText(value);
+    else if (key == "symbol")
+      object.symbol = ParseStyleText(value);
+    else if (key == "font")
+      object.font = ParseStyleText(value);
+    else if (key == "rounding")
+      object.rounding = NumberOf(value);
     else if (key == "angles") {
       std::istringstream in(value);
       in.imbue(std::locale::classic());
       in >> object.startAngle >> object.endAngle;
-    } else if (key == "text") object.text = Unescape(value);
-    else if (key == "angle") object.angle = NumberOf(value);
-    else if (key == "corners" || key == "nodes") object.parts = ParseNodes(value);
+    } else if (key == "text")
+      object.text = Unescape(value);
+    else if (key == "angle")
+      object.angle = NumberOf(value);
+    else if (key == "corners" || key == "nodes")
+      object.parts = ParseNodes(value);
   }
   if (!hasKind) throw HostError("A stored object has no kind");
   return object;

@@ -49,8 +49,8 @@ struct Object {
   double rounding = 0;          // rounded rectangle: the corner diameter
   double startAngle = 0;        // arc, degrees
   double endAngle = 0;
-  std::string text;             // text: the string; frame: the title
-  double angle = 0;             // text rotation, degrees
+  std::string text;  // text: the string; frame: the title
+  double angle = 0;  // text rotation, degrees
 
   // Whether the kind is drawn within the box of its two corners.
   bool IsBoxed() const;

@@ -34,12 +34,18 @@ bool ReadOptions(int argc, char** argv, Options& options) {
     const std::string option = argv[i];
     if (i + 1 >= argc) return false;
     const std::string value = argv[++i];
-    if (option == "--address") options.address = value;
-    else if (option == "--script") options.scripts.push_back(value);
-    else if (option == "--global") options.globals.push_back(value);
-    else if (option == "--open") options.tables.push_back(value);
-    else if (option == "--projection") options.projections.push_back(value);
-    else return false;
+    if (option == "--address")
+      options.address = value;
+    else if (option == "--script")
+      options.scripts.push_back(value);
+    else if (option == "--global")
+      options.globals.push_back(value);
+    else if (option == "--open")
+      options.tables.push_back(value);
+    else if (option == "--projection")
+      options.projections.push_back(value);
+    else
+      return false;
   }
   return true;
 }
@@ -53,7 +59,8 @@ bool Configure(sim::Emulator& emulator, const Options& options) {
       std::cerr << "cartoma-sim: --global takes SCRIPT:NAME=VALUE, not " << global << "\n";
       return false;
     }
-    emulator.SetGlobal(global.substr(0, colon), global.substr(colon + 1, equals - colon - 1), global.substr(equals + 1));
+    emulator.SetGlobal(global.substr(0, colon), global.substr(colon + 1, equals - colon - 1),
+                       global.substr(equals + 1));
   }
   for (const std::string& pick : options.projections) {
     const std::size_t bar = pick.find('|');

@@ -22,9 +22,7 @@ OGRLineString LineOf(const Part& part) {
   return line;
 }
 
-Part BoxRing(const std::array<double, 4>& b) {
-  return {{b[0], b[1]}, {b[0], b[3]}, {b[2], b[3]}, {b[2], b[1]}};
-}
+Part BoxRing(const std::array<double, 4>& b) { return {{b[0], b[1]}, {b[0], b[3]}, {b[2], b[3]}, {b[2], b[1]}}; }
 
 // Points on the ellipse inscribed in the box, from one angle to another.
 Part AlongEllipse(const std::array<double, 4>& b, double fromDegrees, double toDegrees, int steps) {
@@ -48,8 +46,8 @@ std::unique_ptr<OGRGeometry> RegionGeometry(const Object& object) {
   }
   // Rings inside other rings become holes of them.
   int valid = 0;
-  std::unique_ptr<OGRGeometry> organized(OGRGeometryFactory::organizePolygons(
-      polygons.data(), static_cast<int>(polygons.size()), &valid, nullptr));
+  std::unique_ptr<OGRGeometry> organized(
+      OGRGeometryFactory::organizePolygons(polygons.data(), static_cast<int>(polygons.size()), &valid, nullptr));
   return organized;
 }
 
@@ -130,8 +128,7 @@ std::optional<Object> FromOgrGeometry(const OGRGeometry& geometry) {
       object.kind = ObjectKind::Region;
       for (const OGRPolygon* polygon : *geometry.toMultiPolygon()) AddPolygonRings(*polygon, object);
       return object;
-    default:
-      return std::nullopt;
+    default: return std::nullopt;
   }
 }
 

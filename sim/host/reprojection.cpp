@@ -53,8 +53,8 @@ Node Reprojector::Convert(const Node& node, const CoordSys& from, const CoordSys
   Transformation& t = TransformationFor(from, to);
   const PJ_COORD out = proj_trans(t.pj, PJ_FWD, proj_coord(node.x, node.y, 0, 0));
   if (out.xy.x == HUGE_VAL || out.xy.y == HUGE_VAL)
-    throw HostError("The point (" + std::to_string(node.x) + ", " + std::to_string(node.y) +
-                    ") lies outside " + to.Name());
+    throw HostError("The point (" + std::to_string(node.x) + ", " + std::to_string(node.y) + ") lies outside " +
+                    to.Name());
   return Node{out.xy.x, out.xy.y};
 }
 

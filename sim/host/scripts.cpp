@@ -39,8 +39,10 @@ void Scripts::Do(Script& script, const std::string& command) {
   try {
     const Statement statement = ParseStatement(command);
     if (const auto* assign = std::get_if<AssignStmt>(&statement)) {
-      if (assign->value->kind == ExprKind::Text) script.globals[assign->name] = assign->value->text;
-      else if (assign->value->kind == ExprKind::Number) script.globals[assign->name] = FormatNumber(assign->value->number);
+      if (assign->value->kind == ExprKind::Text)
+        script.globals[assign->name] = assign->value->text;
+      else if (assign->value->kind == ExprKind::Number)
+        script.globals[assign->name] = FormatNumber(assign->value->number);
     }
   } catch (const SyntaxError&) {
   }

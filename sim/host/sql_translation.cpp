@@ -39,7 +39,8 @@ class Translator {
       case ExprKind::Unary:
         return e.text == "NOT" ? "(NOT " + Expression(*e.args[0]) + ")" : "(-" + Expression(*e.args[0]) + ")";
       case ExprKind::Binary: return Binary(e);
-      case ExprKind::InSelect: return "(" + Expression(*e.args[0]) + " IN (" + TranslateSelect(m_host, *e.query, false).sql + "))";
+      case ExprKind::InSelect:
+        return "(" + Expression(*e.args[0]) + " IN (" + TranslateSelect(m_host, *e.query, false).sql + "))";
       case ExprKind::InList: {
         std::string list;
         for (std::size_t i = 1; i < e.args.size(); ++i) list += (i > 1 ? ", " : "") + Expression(*e.args[i]);
@@ -100,8 +101,8 @@ class Translator {
 
   std::string Binary(const Expr& e) {
     static const std::map<std::string, std::string> kOps = {
-        {"=", "="}, {"<>", "<>"}, {"<", "<"}, {">", ">"}, {"<=", "<="}, {">=", ">="}, {"AND", "AND"},
-        {"OR", "OR"}, {"+", "+"}, {"-", "-"}, {"*", "*"}, {"/", "/"}, {"&", "||"}};
+        {"=", "="},   {"<>", "<>"}, {"<", "<"}, {">", ">"}, {"<=", "<="}, {">=", ">="}, {"AND", "AND"},
+        {"OR", "OR"}, {"+", "+"},   {"-", "-"}, {"*", "*"}, {"/", "/"},   {"&", "||"}};
     return "(" + Expression(*e.args[0]) + " " + kOps.at(e.text) + " " + Expression(*e.args[1]) + ")";
   }
 
@@ -115,8 +116,8 @@ class Translator {
 
   std::string Call(const Expr& e) {
     static const std::map<std::string, std::string> kFunctions = {
-        {"UCASE$", "upper"}, {"LCASE$", "lower"}, {"LEN", "length"}, {"ABS", "abs"}, {"LTRIM$", "ltrim"},
-        {"RTRIM$", "rtrim"}, {"MID$", "substr"}, {"ROUND", "round"}};
+        {"UCASE$", "upper"}, {"LCASE$", "lower"}, {"LEN", "length"},  {"ABS", "abs"},
+        {"LTRIM$", "ltrim"}, {"RTRIM$", "rtrim"}, {"MID$", "substr"}, {"ROUND", "round"}};
     if (!NamesAColumn(e)) return SqlLiteral(m_host.Evaluate(e));
     const std::string name = Upper(e.text);
     std::string args;

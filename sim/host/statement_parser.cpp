@@ -36,7 +36,8 @@ Column ColumnDefinition(TokenStream& t) {
     t.ExpectSign(")");
   }
   if (column.type == ColumnType::Char && column.width <= 0) t.Fail("a Char column needs a width, Char (n)");
-  if (column.type == ColumnType::Decimal && column.width <= 0) t.Fail("a Decimal column needs Decimal (width, decimals)");
+  if (column.type == ColumnType::Decimal && column.width <= 0)
+    t.Fail("a Decimal column needs Decimal (width, decimals)");
   return column;
 }
 
@@ -48,13 +49,17 @@ Statement ParseOpen(TokenStream& t) {
   s.path = ParseExpression(t);
   if (t.Accept("As")) s.alias = t.ExpectName("a table name after As");
   while (!t.AtEnd()) {
-    if (t.Accept("Hide")) s.hide = true;
-    else if (t.Accept("ReadOnly")) s.readOnly = true;
-    else if (t.Accept("Interactive")) continue;
+    if (t.Accept("Hide"))
+      s.hide = true;
+    else if (t.Accept("ReadOnly"))
+      s.readOnly = true;
+    else if (t.Accept("Interactive"))
+      continue;
     else if (t.Accept("View")) {
       t.Expect("Automatic");
       s.viewAutomatic = true;
-    } else t.Fail("expected Hide, ReadOnly, Interactive or View Automatic");
+    } else
+      t.Fail("expected Hide, ReadOnly, Interactive or View Automatic");
   }
   return s;
 }
@@ -194,14 +199,19 @@ Statement ParseDelete(TokenStream& t) {
 
 Statement ParseFetch(TokenStream& t) {
   FetchStmt s;
-  if (t.Accept("First")) s.where = FetchStmt::Where::First;
-  else if (t.Accept("Last")) s.where = FetchStmt::Where::Last;
-  else if (t.Accept("Next")) s.where = FetchStmt::Where::Next;
-  else if (t.Accept("Prev")) s.where = FetchStmt::Where::Prev;
+  if (t.Accept("First"))
+    s.where = FetchStmt::Where::First;
+  else if (t.Accept("Last"))
+    s.where = FetchStmt::Where::Last;
+  else if (t.Accept("Next"))
+    s.where = FetchStmt::Where::Next;
+  else if (t.Accept("Prev"))
+    s.where = FetchStmt::Where::Prev;
   else if (t.Accept("Rec")) {
     s.where = FetchStmt::Where::Rec;
     s.row = ParseExpression(t);
-  } else t.Fail("expected First, Last, Next, Prev or Rec");
+  } else
+    t.Fail("expected First, Last, Next, Prev or Rec");
   t.Expect("From");
   s.table = t.ExpectTableName();
   return s;
@@ -259,8 +269,10 @@ Statement ParseSet(TokenStream& t) {
   }
   if (t.Accept("CoordSys")) {
     SetCoordSysStmt s;
-    if (t.Accept("Table")) s.table = t.ExpectTableName();
-    else s.coordsys = ParseCoordSysClause(t);
+    if (t.Accept("Table"))
+      s.table = t.ExpectTableName();
+    else
+      s.coordsys = ParseCoordSysClause(t);
     return s;
   }
   if (t.Accept("ProgressBars")) return SetProgressBarsStmt{OnOff(t)};
@@ -295,9 +307,9 @@ void Nodes(TokenStream& t, CreateObjectStmt& s) {
 
 ObjectKind KindWord(TokenStream& t) {
   static const std::pair<const char*, ObjectKind> kKinds[] = {
-      {"Point", ObjectKind::Point},   {"Line", ObjectKind::Line},       {"Pline", ObjectKind::Polyline},
-      {"Region", ObjectKind::Region}, {"Rect", ObjectKind::Rectangle},  {"RoundRect", ObjectKind::RoundedRectangle},
-      {"Ellipse", ObjectKind::Ellipse}, {"Arc", ObjectKind::Arc},       {"Text", ObjectKind::Text}};
+      {"Point", ObjectKind::Point},     {"Line", ObjectKind::Line},      {"Pline", ObjectKind::Polyline},
+      {"Region", ObjectKind::Region},   {"Rect", ObjectKind::Rectangle}, {"RoundRect", ObjectKind::RoundedRectangle},
+      {"Ellipse", ObjectKind::Ellipse}, {"Arc", ObjectKind::Arc},        {"Text", ObjectKind::Text}};
   for (const auto& [word, kind] : kKinds)
     if (t.Accept(word)) return kind;
   t.Fail("expected Point, Line, Pline, Region, Rect, RoundRect, Ellipse, Arc or Text");
@@ -399,8 +411,14 @@ Statement ParseFirstWord(TokenStream& t) {
   if (word == "OPEN") return ParseOpen(t);
   if (word == "CLOSE") return ParseClose(t);
   if (word == "COMMIT") return ParseCommit(t);
-  if (word == "ROLLBACK") { t.Expect("Table"); return RollbackTableStmt{t.ExpectTableName()}; }
-  if (word == "DROP") { t.Expect("Table"); return DropTableStmt{t.ExpectTableName()}; }
+  if (word == "ROLLBACK") {
+    t.Expect("Table");
+    return RollbackTableStmt{t.ExpectTableName()};
+  }
+  if (word == "DROP") {
+    t.Expect("Table");
+    return DropTableStmt{t.ExpectTableName()};
+  }
   if (word == "PACK") return ParsePack(t);
   if (word == "CREATE") return ParseCreate(t);
   if (word == "ALTER") return ParseAlter(t);
@@ -411,15 +429,26 @@ Statement ParseFirstWord(TokenStream& t) {
   if (word == "SET") return ParseSet(t);
   if (word == "DIM") return ParseDim(t);
   if (word == "RUN") return ParseRun(t);
-  if (word == "SAVE") { t.Expect("Workspace"); t.Expect("As"); return SaveWorkspaceStmt{ParseExpression(t)}; }
+  if (word == "SAVE") {
+    t.Expect("Workspace");
+    t.Expect("As");
+    return SaveWorkspaceStmt{ParseExpression(t)};
+  }
   if (word == "METADATA") return ParseMetadata(t);
-  if (word == "MAP") { t.Expect("From"); return MapFromStmt{TableList(t)}; }
+  if (word == "MAP") {
+    t.Expect("From");
+    return MapFromStmt{TableList(t)};
+  }
   if (word == "ADD") return ParseMapLayers(t, true);
   if (word == "REMOVE") return ParseMapLayers(t, false);
-  if (word == "BROWSE") { t.ExpectSign("*"); t.Expect("From"); return BrowseStmt{t.ExpectTableName()}; }
+  if (word == "BROWSE") {
+    t.ExpectSign("*");
+    t.Expect("From");
+    return BrowseStmt{t.ExpectTableName()};
+  }
   if (word == "PRINT" || word == "NOTE") return PrintStmt{ParseExpression(t)};
-  throw SyntaxError("Syntax error near '" + std::string(t.Source().substr(first.offset, 40)) +
-                    "': unknown statement " + first.text);
+  throw SyntaxError("Syntax error near '" + std::string(t.Source().substr(first.offset, 40)) + "': unknown statement " +
+                    first.text);
 }
 
 }  // namespace

@@ -32,10 +32,16 @@ struct CommitTableStmt {
   std::optional<CoordSys> coordsys;
   bool interactive = false;
 };
-struct RollbackTableStmt { std::string table; };
-struct DropTableStmt { std::string table; };
+struct RollbackTableStmt {
+  std::string table;
+};
+struct DropTableStmt {
+  std::string table;
+};
 // "Pack Table name [Graphic] [Data]"
-struct PackTableStmt { std::string table; };
+struct PackTableStmt {
+  std::string table;
+};
 // "Create Table name ( column type, ... ) [File "path"] [Type word]"
 struct CreateTableStmt {
   std::string name;
@@ -53,7 +59,9 @@ struct AlterTableStmt {
   std::string table;
   std::vector<AlterAction> actions;
 };
-struct SelectStmt { SelectQuery query; };
+struct SelectStmt {
+  SelectQuery query;
+};
 // "Insert Into name [(columns)] Values (values)" | "Insert Into name [(columns)] Select ..."
 struct InsertStmt {
   std::string table;
@@ -86,8 +94,12 @@ struct SetCoordSysStmt {
   std::optional<CoordSys> coordsys;
   std::string table;
 };
-struct SetProgressBarsStmt { bool on = true; };
-struct SetStyleStmt { ExprPtr style; };
+struct SetProgressBarsStmt {
+  bool on = true;
+};
+struct SetStyleStmt {
+  ExprPtr style;
+};
 // "Dim a, b As type"
 struct DimStmt {
   std::vector<std::string> names;
@@ -102,9 +114,9 @@ struct AssignStmt {
 struct CreateObjectStmt {
   ObjectKind kind = ObjectKind::Point;
   std::string variable;
-  std::vector<ExprPtr> numbers;   // coordinates, then the kind's own numbers
-  std::vector<int> partSizes;     // Pline, Region: nodes of each part
-  ExprPtr text;                   // Text: the string
+  std::vector<ExprPtr> numbers;                         // coordinates, then the kind's own numbers
+  std::vector<int> partSizes;                           // Pline, Region: nodes of each part
+  ExprPtr text;                                         // Text: the string
   std::vector<std::pair<std::string, ExprPtr>> styles;  // Pen, Brush, Symbol, Font
 };
 // "Alter Object name Info code, value"
@@ -113,9 +125,15 @@ struct AlterObjectStmt {
   ExprPtr code;
   ExprPtr value;
 };
-struct RunMenuCommandStmt { ExprPtr command; };
-struct RunApplicationStmt { ExprPtr path; };
-struct SaveWorkspaceStmt { ExprPtr path; };
+struct RunMenuCommandStmt {
+  ExprPtr command;
+};
+struct RunApplicationStmt {
+  ExprPtr path;
+};
+struct SaveWorkspaceStmt {
+  ExprPtr path;
+};
 // "Metadata Table name SetKey key To value" | "... DropKey key"
 struct MetadataStmt {
   std::string table;
@@ -123,7 +141,9 @@ struct MetadataStmt {
   ExprPtr value;  // null: drop the key
 };
 // "Map From a, b"
-struct MapFromStmt { std::vector<std::string> tables; };
+struct MapFromStmt {
+  std::vector<std::string> tables;
+};
 // "Add Map [Window n] Layer a, b"
 struct AddMapLayerStmt {
   ExprPtr window;
@@ -141,8 +161,12 @@ struct SetMapLayerStmt {
   std::string property;
   bool on = false;
 };
-struct BrowseStmt { std::string table; };
-struct CloseWindowStmt { ExprPtr window; };
+struct BrowseStmt {
+  std::string table;
+};
+struct CloseWindowStmt {
+  ExprPtr window;
+};
 // "Set Window n Title "text"" | "Set Window n Printer setting ..."
 struct SetWindowTitleStmt {
   ExprPtr window;
@@ -154,7 +178,9 @@ struct SetWindowPrinterStmt {
   ExprPtr window;
   std::vector<std::pair<std::string, ExprPtr>> settings;  // upper-cased word, value or null
 };
-struct PrintStmt { ExprPtr value; };
+struct PrintStmt {
+  ExprPtr value;
+};
 
 using Statement =
     std::variant<OpenTableStmt, CloseTableStmt, CommitTableStmt, RollbackTableStmt, DropTableStmt, PackTableStmt,

@@ -52,8 +52,8 @@ struct SelectQuery {
   std::vector<std::string> from;
   ExprPtr where;
   std::vector<OrderItem> order;
-  std::string into;        // empty: the result is the table "Selection"
-  bool noSelect = false;   // the result doesn't become the selection
+  std::string into;       // empty: the result is the table "Selection"
+  bool noSelect = false;  // the result doesn't become the selection
 };
 
 }  // namespace sim

@@ -73,9 +73,12 @@ TabDefinition ReadTabFile(const std::string& path) {
     while (std::getline(in, raw)) {
       const std::string line = Trim(raw);
       if (line.empty() || line[0] == '!') continue;
-      if (inMetadata) tab.metadata.push_back(ParseMetadataLine(line));
-      else if (EqualNoCase(line, "begin_metadata")) inMetadata = true;
-      else ReadDefinitionLine(line, tab, fieldsToRead);
+      if (inMetadata)
+        tab.metadata.push_back(ParseMetadataLine(line));
+      else if (EqualNoCase(line, "begin_metadata"))
+        inMetadata = true;
+      else
+        ReadDefinitionLine(line, tab, fieldsToRead);
     }
   } catch (const std::runtime_error& e) {
     throw HostError("The table file " + path + " is damaged at '" + Trim(raw) + "': " + e.what());

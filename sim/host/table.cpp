@@ -12,8 +12,11 @@ int g_nNextTableId = 1;
 
 const char* SqlTypeOf(ColumnType type) {
   switch (type) {
-    case ColumnType::Integer: case ColumnType::SmallInt: case ColumnType::Logical: return "INTEGER";
-    case ColumnType::Decimal: case ColumnType::Float: return "REAL";
+    case ColumnType::Integer:
+    case ColumnType::SmallInt:
+    case ColumnType::Logical: return "INTEGER";
+    case ColumnType::Decimal:
+    case ColumnType::Float: return "REAL";
     default: return "TEXT";
   }
 }
@@ -46,7 +49,9 @@ ColumnType ColumnTypeByName(const std::string& name) {
 }
 
 Table::Table(Database& db, std::string name, std::vector<Column> columns, CoordSys coordsys)
-    : m_coordsys(std::move(coordsys)), m_db(db), m_strName(std::move(name)),
+    : m_coordsys(std::move(coordsys)),
+      m_db(db),
+      m_strName(std::move(name)),
       m_strSqlName("t" + std::to_string(g_nNextTableId++)) {
   std::string sql = "CREATE TABLE " + m_strSqlName + " (obj TEXT";
   for (Column& column : columns) {
@@ -108,7 +113,8 @@ Value Table::ToColumnValue(const Column& column, const Value& value) const {
       if (column.width > 0 && static_cast<int>(text.size()) > column.width) text.resize(column.width);
       return Value(text);
     }
-    case ColumnType::Integer: case ColumnType::SmallInt: return Value(std::round(value.AsNumber(what)));
+    case ColumnType::Integer:
+    case ColumnType::SmallInt: return Value(std::round(value.AsNumber(what)));
     case ColumnType::Decimal: {
       const double scale = std::pow(10.0, column.decimals);
       return Value(std::round(value.AsNumber(what) * scale) / scale);
@@ -146,9 +152,11 @@ Value Table::Cell(std::int64_t row, int column) const {
     return c.type == ColumnType::Char || c.type == ColumnType::Date ? Value("") : Value(0.0);
   }
   switch (c.type) {
-    case ColumnType::Char: case ColumnType::Date: return Value(cell.Text(0));
+    case ColumnType::Char:
+    case ColumnType::Date: return Value(cell.Text(0));
     case ColumnType::Logical: return Value(cell.Int(0) != 0);
-    case ColumnType::Integer: case ColumnType::SmallInt: return Value(static_cast<double>(cell.Int(0)));
+    case ColumnType::Integer:
+    case ColumnType::SmallInt: return Value(static_cast<double>(cell.Int(0)));
     default: return Value(cell.Double(0));
   }
 }
@@ -169,8 +177,10 @@ void Table::SetCell(std::int64_t row, int column, const Value& value) {
 
 void Table::SetObject(std::int64_t row, const Object* object) {
   SqlStatement update(m_db, "UPDATE " + m_strSqlName + " SET obj = ?" + RowWhere(row));
-  if (object) update.BindText(1, object->Serialize());
-  else update.Bind(1, Value());
+  if (object)
+    update.BindText(1, object->Serialize());
+  else
+    update.Bind(1, Value());
   update.Run();
   m_bDirty = true;
 }

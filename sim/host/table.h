@@ -27,8 +27,8 @@ enum class ColumnType { Char = 1, Decimal = 2, Integer = 3, SmallInt = 4, Date =
 struct Column {
   std::string name;
   ColumnType type = ColumnType::Char;
-  int width = 0;     // Char and Decimal
-  int decimals = 0;  // Decimal
+  int width = 0;        // Char and Decimal
+  int decimals = 0;     // Decimal
   std::string sqlName;  // set by the table
 
   // "Char (20)", "Decimal (8, 2)", "Float", ... as definitions write it.
@@ -73,13 +73,13 @@ class Table {
   void RenameColumn(int column, const std::string& name);
   bool HasObjects() const;
 
-  std::string m_strPath;        // the .tab file, empty for a table with no file yet
+  std::string m_strPath;  // the .tab file, empty for a table with no file yet
   TableType m_type = TableType::Rows;
   bool m_bTemporary = false;
-  bool m_bMappable = false;     // has a coordinate system and may hold objects
+  bool m_bMappable = false;  // has a coordinate system and may hold objects
   bool m_bReadOnly = false;
   bool m_bFastEdit = false;
-  bool m_bDirty = false;        // edits not yet committed
+  bool m_bDirty = false;  // edits not yet committed
   std::int64_t m_nCurrentRow = 0;
   CoordSys m_coordsys;
   Metadata m_metadata;

@@ -72,7 +72,8 @@ class Scanner {
     std::string text;
     while (true) {
       if (m_at >= m_source.size())
-        throw SyntaxError("Syntax error near '" + std::string(m_source.substr(start, 20)) + "': the text has no closing quote");
+        throw SyntaxError("Syntax error near '" + std::string(m_source.substr(start, 20)) +
+                          "': the text has no closing quote");
       const char c = m_source[m_at++];
       if (c != '"') {
         text += c;

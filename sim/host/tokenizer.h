@@ -14,8 +14,8 @@ enum class TokenKind { Name, Number, Text, Sign, End };
 
 struct Token {
   TokenKind kind = TokenKind::End;
-  std::string text;     // the name, the sign, the unquoted text, the number as written
-  double number = 0;    // for numbers
+  std::string text;        // the name, the sign, the unquoted text, the number as written
+  double number = 0;       // for numbers
   std::size_t offset = 0;  // where the token starts in the source
 
   // A name equal to `keyword`, ignoring case.

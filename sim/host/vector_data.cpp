@@ -86,10 +86,11 @@ void DefineField(OGRFieldDefn& field, const Column& column) {
 Value ValueOfField(const OGRFeature& feature, int field, const Column& column) {
   if (!feature.IsFieldSetAndNotNull(field)) return Value();
   switch (column.type) {
-    case ColumnType::Char: case ColumnType::Date: return Value(std::string(feature.GetFieldAsString(field)));
+    case ColumnType::Char:
+    case ColumnType::Date: return Value(std::string(feature.GetFieldAsString(field)));
     case ColumnType::Logical: return Value(feature.GetFieldAsInteger(field) != 0);
-    case ColumnType::Integer: case ColumnType::SmallInt:
-      return Value(static_cast<double>(feature.GetFieldAsInteger64(field)));
+    case ColumnType::Integer:
+    case ColumnType::SmallInt: return Value(static_cast<double>(feature.GetFieldAsInteger64(field)));
     default: return Value(feature.GetFieldAsDouble(field));
   }
 }
@@ -97,11 +98,11 @@ Value ValueOfField(const OGRFeature& feature, int field, const Column& column) {
 void SetField(OGRFeature& feature, int field, const Column& column, const Value& value) {
   if (value.IsNull()) return;
   switch (column.type) {
-    case ColumnType::Char: case ColumnType::Date: feature.SetField(field, value.AsText().c_str()); break;
+    case ColumnType::Char:
+    case ColumnType::Date: feature.SetField(field, value.AsText().c_str()); break;
     case ColumnType::Logical: feature.SetField(field, value.AsBool() ? 1 : 0); break;
-    case ColumnType::Integer: case ColumnType::SmallInt:
-      feature.SetField(field, static_cast<GIntBig>(std::llround(value.AsNumber())));
-      break;
+    case ColumnType::Integer:
+    case ColumnType::SmallInt: feature.SetField(field, static_cast<GIntBig>(std::llround(value.AsNumber()))); break;
     default: feature.SetField(field, value.AsNumber());
   }
 }
@@ -114,7 +115,8 @@ std::optional<CoordSys> CoordSysOfSrs(const OGRSpatialReference* srs) {
   const std::string datum = datumName ? Upper(datumName) : "";
   const int datumNumber = datum.find("AUSTRALIA_1994") != std::string::npos || datum.find("GDA94") != std::string::npos
                               ? 116
-                              : datum.find("WGS") != std::string::npos && datum.find("84") != std::string::npos ? 104 : 0;
+                          : datum.find("WGS") != std::string::npos && datum.find("84") != std::string::npos ? 104
+                                                                                                            : 0;
   if (srs->IsGeographic() && datumNumber) return CoordSys::LongLat(datumNumber);
   if (srs->IsProjected() && datumNumber) {
     const char* projection = srs->GetAttrValue("PROJECTION");

@@ -21,8 +21,8 @@ struct Window {
   long id = 0;
   int type = 1;
   std::string title;
-  std::vector<Layer> layers;  // mappers
-  std::string table;          // browsers
+  std::vector<Layer> layers;                                 // mappers
+  std::string table;                                         // browsers
   std::vector<std::pair<std::string, std::string>> printer;  // printer settings, by upper-cased word
 };
 

@@ -1,10 +1,10 @@
 // The cartoma-sim program on a private session bus: the host session of
 // the library connects to it by name, as to a host in another process.
 #include <gio/gio.h>
-#include <signal.h>
-#include <sys/wait.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/wait.h>
 
 #include "host/cartoma.h"
 #include "platform/automation/bus_classes.h"

@@ -66,8 +66,9 @@ TEST_F(LibraryOnEmulator, StatementsAndExpressionsRunOnRealTables) {
   ASSERT_EQ(Do("Fetch First From Deep"), 1);
   EXPECT_EQ(Eval("Deep.HoleID & \" \" & Deep.COL2"), "BD004 200");
   EXPECT_EQ(Eval("SelectionInfo(1)"), "Deep");
-  EXPECT_EQ(std::string(Export<decltype(GetCartomaTableFieldValue)>("GetCartomaTableFieldValue")(m_handle, "Deep", "HoleID")),
-            "BD004");
+  EXPECT_EQ(
+      std::string(Export<decltype(GetCartomaTableFieldValue)>("GetCartomaTableFieldValue")(m_handle, "Deep", "HoleID")),
+      "BD004");
 }
 
 TEST_F(LibraryOnEmulator, AMalformedStatementGivesItsDescriptionAndTheNextStatementWorks) {

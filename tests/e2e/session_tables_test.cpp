@@ -36,7 +36,8 @@ std::vector<FeatureRow> ReadWithGdal(const std::string& path) {
   for (auto& feature : layer) {
     FeatureRow row;
     for (int i = 0; i < feature->GetFieldCount(); ++i) row.fields.push_back(feature->GetFieldAsString(i));
-    if (const OGRGeometry* geometry = feature->GetGeometryRef(); geometry && wkbFlatten(geometry->getGeometryType()) == wkbPoint) {
+    if (const OGRGeometry* geometry = feature->GetGeometryRef();
+        geometry && wkbFlatten(geometry->getGeometryType()) == wkbPoint) {
       row.x = geometry->toPoint()->getX();
       row.y = geometry->toPoint()->getY();
     }
@@ -101,15 +102,16 @@ TEST_F(SessionOnEmulator, MakeTableSubsetWritesTheChosenHolesInOrderWithTheMetad
     holeAndFrom.push_back(row.fields[0] + "@" + row.fields[1]);
   EXPECT_THAT(holeAndFrom, ElementsAre("BD001@10", "BD001@11", "BD001@12", "BD004@149", "BD004@150"));
   EXPECT_EQ(MetadataBlock(out), MetadataBlock(assays));
-  EXPECT_THAT(MetadataBlock(out), ElementsAre("\"\\Terravik\\xsects\\dhdata\\DH\" = \"1\"",
-                                              "\"\\Terravik\\xsects\\dhdata\\DFrom\" = \"2\"",
-                                              "\"\\Terravik\\Units\\Au\" = \"g/t\""));
+  EXPECT_THAT(MetadataBlock(out),
+              ElementsAre("\"\\Terravik\\xsects\\dhdata\\DH\" = \"1\"", "\"\\Terravik\\xsects\\dhdata\\DFrom\" = \"2\"",
+                          "\"\\Terravik\\Units\\Au\" = \"g/t\""));
   EXPECT_EQ(g_Cartoma.FindTableByPath(out), "") << "the subset is written, not left open";
 
   const std::string surveyOut = Out("surveys_subset.tab");
   ASSERT_TRUE(g_Cartoma.MakeTableSubset("_CollarSubset", "Surveys", "COL1", surveyOut, "COL2"));
   std::vector<std::string> holeAndTo;
-  for (const FeatureRow& row : ReadWithGdal(Out("surveys_subset.gpkg"))) holeAndTo.push_back(row.fields[0] + "@" + row.fields[1]);
+  for (const FeatureRow& row : ReadWithGdal(Out("surveys_subset.gpkg")))
+    holeAndTo.push_back(row.fields[0] + "@" + row.fields[1]);
   EXPECT_THAT(holeAndTo, ElementsAre("BD001@0", "BD001@75", "BD001@150", "BD004@0", "BD004@100", "BD004@200"));
 
   // The written table opens again with its columns and keys.
@@ -194,8 +196,10 @@ TEST_F(SessionOnEmulator, ColoursAreWrittenIntoStylesAndKeptInTheFile) {
     int row;
     int colour;
     const char* style;
-  } cases[] = {{0, 255, "Symbol (35,255,12)"}, {1, 16711680, "Symbol (65,16711680,14,\"Arial\",0,45)"},
-               {2, 65280, "Pen (2,2,65280)"}, {4, 65535, "Brush (2,65535,16777215)"}};
+  } cases[] = {{0, 255, "Symbol (35,255,12)"},
+               {1, 16711680, "Symbol (65,16711680,14,\"Arial\",0,45)"},
+               {2, 65280, "Pen (2,2,65280)"},
+               {4, 65535, "Brush (2,65535,16777215)"}};
   for (const auto& c : cases) {
     ASSERT_TRUE(g_Cartoma.FetchRow("Objects", c.row));
     ASSERT_TRUE(g_Cartoma.ObjectToVariable("_colorObj", "Objects"));

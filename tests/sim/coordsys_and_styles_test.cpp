@@ -51,7 +51,8 @@ TEST(CoordSysClauses, NamesAndProjDefinitions) {
   EXPECT_EQ(local.Name(), "Transverse Mercator (GDA94)");
   EXPECT_THAT(local.ProjDefinition(), ::testing::HasSubstr("+lon_0=145.5 +k=1 +x_0=300000 +y_0=200000"));
   EXPECT_THAT(local.ProjDefinition(), ::testing::HasSubstr("+units=km"));
-  EXPECT_TRUE(local.SameSystem(ParseCoordSysText("Earth Projection 8, 116, \"km\", 145.5, -10, 1, 300, 200 Bounds (0,0) (1,1)")));
+  EXPECT_TRUE(local.SameSystem(
+      ParseCoordSysText("Earth Projection 8, 116, \"km\", 145.5, -10, 1, 300, 200 Bounds (0,0) (1,1)")));
 }
 
 TEST(Styles, TextsReadBackAndColoursSitWhereTheLibraryLooks) {

@@ -1,13 +1,14 @@
 // The emulator as an automation object: members by dispatch id, failures as
 // dispatch exceptions with the host's description, the collections of
 // scripts and globals, and the record of calls.
+#include "sim/host/emulator.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "host/cartoma_dispids.h"
 #include "platform/automation/dispatch_driver.h"
 #include "platform/automation/exceptions.h"
-#include "sim/host/emulator.h"
 
 using fk::Variant;
 using ::testing::HasSubstr;

@@ -92,7 +92,8 @@ TEST_F(Files, RasterTablesAndOtherVectorDataOpenAsTables) {
   Do("Fetch Rec 1 From wells");
   EXPECT_EQ(Eval("wells.depth"), "12.5");
   EXPECT_EQ(DoError("Update wells Set depth = 1"), "Table wells is read-only");
-  Do("Commit Table wells As \"" + Path("wells.tab") + "\" CoordSys Earth Projection 8, 104, \"m\", 147, 0, 0.9996, 500000, 10000000");
+  Do("Commit Table wells As \"" + Path("wells.tab") +
+     "\" CoordSys Earth Projection 8, 104, \"m\", 147, 0, 0.9996, 500000, 10000000");
   Open(Path("wells.tab"), "Wells2");
   EXPECT_EQ(Eval("TableInfo(Wells2, 30)"), "Universal Transverse Mercator (WGS 84) Zone 55 South");
 }

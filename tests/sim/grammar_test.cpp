@@ -8,8 +8,8 @@
 #include "sim/host/expression_parser.h"
 #include "sim/host/statements.h"
 
-using ::testing::HasSubstr;
 using sim::ParseStatement;
+using ::testing::HasSubstr;
 
 namespace {
 
@@ -26,7 +26,8 @@ TEST(Grammar, EveryStatementFormTheLibrarySendsParses) {
       "Pack Table Holes Graphic Data",
       "Create Table _CollarSubset ( ID Char(50) )",
       "Alter Table Holes (Add Grade Float)",
-      "SELECT * FROM Assays WHERE COL1 IN (SELECT COL1 FROM _CollarSubset) ORDER BY COL1, COL2 INTO _TableSubset NoSelect",
+      "SELECT * FROM Assays WHERE COL1 IN (SELECT COL1 FROM _CollarSubset) ORDER BY COL1, COL2 INTO _TableSubset "
+      "NoSelect",
       "Insert Into _CollarSubset (ID) Values(\"DH1\")",
       "Update Holes Set Grade = 1.5 Where RowID = 1",
       "Update Holes Set Obj = _colorObj Where RowID = 3",

@@ -31,7 +31,8 @@ TEST_F(Objects, EachKindAnswersItsNumberStyleAndGeography) {
       {"Create Region Into Variable o 1 3 (0,0) (4,1) (2,5) Brush MakeBrush(2, 65280, 0)", "7", "Pen (1,2,0)",
        "Brush (2,65280,0)", "0 0 4 5"},
       {"Create Rect Into Variable o (4, 4) (0, 1)", "8", "Pen (1,2,0)", "Brush (2,16777215,16777215)", "0 1 4 4"},
-      {"Create RoundRect Into Variable o (0, 0) (4, 4) 1", "9", "Pen (1,2,0)", "Brush (2,16777215,16777215)", "0 0 4 4"},
+      {"Create RoundRect Into Variable o (0, 0) (4, 4) 1", "9", "Pen (1,2,0)", "Brush (2,16777215,16777215)",
+       "0 0 4 4"},
       {"Create Ellipse Into Variable o (0, 0) (4, 2)", "2", "Pen (1,2,0)", "Brush (2,16777215,16777215)", "0 0 4 2"},
       {"Create Arc Into Variable o (0, 0) (4, 2) 0 90", "1", "Pen (1,2,0)", "", "0 0 4 2"},
       {"Create Text Into Variable o \"Hi\" (0, 0) (4, 2) Font MakeFont(\"Arial\", 1, 255, 12)", "10",
@@ -55,7 +56,8 @@ TEST_F(Objects, NodesAreNumberedOverTheWholeObject) {
   EXPECT_EQ(Eval("ObjectInfo(o, 21)"), "2");
   EXPECT_EQ(Eval("ObjectNodeX(o, 1, 2)"), "10");
   EXPECT_EQ(Eval("ObjectNodeX(o, 2, 5)"), "2") << "node 5 is the first of part 2";
-  EXPECT_THAT(DoError("Print ObjectNodeX(o, 1, 5)"), HasSubstr("Part 1 of the object holds nodes 1 to 4; node 5 is not in it"));
+  EXPECT_THAT(DoError("Print ObjectNodeX(o, 1, 5)"),
+              HasSubstr("Part 1 of the object holds nodes 1 to 4; node 5 is not in it"));
   EXPECT_THAT(DoError("Print ObjectNodeY(o, 2, 1)"), HasSubstr("node 1 is not in it"));
   EXPECT_THAT(DoError("Print ObjectNodeY(o, 3, 8)"), HasSubstr("there is no part 3"));
 }

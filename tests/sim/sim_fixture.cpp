@@ -1,7 +1,5 @@
 #include "sim/sim_fixture.h"
 
-void SimTest::SetUp() {}
-
 std::string SimTest::DoError(const std::string& statement) {
   try {
     m_host.Do(statement);

@@ -13,8 +13,6 @@
 
 class SimTest : public ::testing::Test {
  protected:
-  void SetUp() override;
-
   void Do(const std::string& statement) { m_host.Do(statement); }
   std::string Eval(const std::string& expression) { return m_host.Eval(expression); }
   // The description of the failure of a statement; fails the test when it succeeds.

@@ -9,8 +9,8 @@ set(FORMKIT_PLATFORM_LIBS PkgConfig::GIO SQLite::SQLite3 fmt::fmt)
 
 # Picture sizes: the platform's image loader first, then the raster library.
 pkg_check_modules(GDKPIXBUF REQUIRED IMPORTED_TARGET gdk-pixbuf-2.0)
-pkg_check_modules(GDAL REQUIRED IMPORTED_TARGET gdal)
-list(APPEND FORMKIT_PLATFORM_LIBS PkgConfig::GDKPIXBUF PkgConfig::GDAL)
+find_package(GDAL CONFIG REQUIRED)
+list(APPEND FORMKIT_PLATFORM_LIBS PkgConfig::GDKPIXBUF GDAL::GDAL)
 
 # SimpleIni (libsimpleini-dev): the settings files. Header only as used
 # here: its implementation is compiled in, with no text conversion.
@@ -29,3 +29,8 @@ target_link_libraries(formkit_toolkit INTERFACE ${wxWidgets_LIBRARIES})
 # GTK 3 itself, under the toolkit, for what it doesn't reach (window groups;
 # Debian: libgtk-3-dev).
 pkg_check_modules(GTK3 REQUIRED IMPORTED_TARGET gtk+-3.0)
+
+# The host emulator (sim/): table files through GDAL/OGR, coordinate systems
+# through PROJ (the library itself uses GDAL for picture sizes only).
+find_package(PROJ CONFIG REQUIRED)
+set(FORMKIT_SIM_LIBS GDAL::GDAL PROJ::proj SQLite::SQLite3 PkgConfig::GIO)

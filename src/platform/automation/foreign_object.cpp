@@ -16,8 +16,16 @@ namespace {
 // library holds no reference to it any more.
 using ObjectKey = std::pair<void*, void*>;  // the host's self and invoke callback
 
-std::mutex g_liveMutex;
-std::map<ObjectKey, std::weak_ptr<Dispatch>> g_live;
+// Kept for the whole life of the process: objects held by the module's
+// globals are released while the process ends, after ordinary statics are gone.
+std::mutex& LiveMutex() {
+  static auto* mutex = new std::mutex;
+  return *mutex;
+}
+std::map<ObjectKey, std::weak_ptr<Dispatch>>& LiveObjects() {
+  static auto* live = new std::map<ObjectKey, std::weak_ptr<Dispatch>>;
+  return *live;
+}
 
 ObjectKey KeyOf(const fk_object& object) {
   return {object.self, reinterpret_cast<void*>(object.invoke)};
@@ -28,9 +36,9 @@ class ForeignObject final : public Dispatch {
   explicit ForeignObject(const fk_object& object) : m_object(object) {}
   ~ForeignObject() override {
     {
-      std::lock_guard lock(g_liveMutex);
-      auto it = g_live.find(KeyOf(m_object));
-      if (it != g_live.end() && it->second.expired()) g_live.erase(it);
+      std::lock_guard lock(LiveMutex());
+      auto it = LiveObjects().find(KeyOf(m_object));
+      if (it != LiveObjects().end() && it->second.expired()) LiveObjects().erase(it);
     }
     if (m_object.release) m_object.release(m_object.self);
   }
@@ -62,8 +70,8 @@ class ForeignObject final : public Dispatch {
 }  // namespace
 
 DispatchPtr MakeForeignObject(const fk_object& object) {
-  std::lock_guard lock(g_liveMutex);
-  std::weak_ptr<Dispatch>& live = g_live[KeyOf(object)];
+  std::lock_guard lock(LiveMutex());
+  std::weak_ptr<Dispatch>& live = LiveObjects()[KeyOf(object)];
   if (DispatchPtr existing = live.lock()) return existing;
   DispatchPtr made = std::make_shared<ForeignObject>(object);
   live = made;

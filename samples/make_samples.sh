@@ -1,0 +1,20 @@
+#!/bin/sh
+# Makes the sample tables from the text sources in samples/src with GDAL:
+# each .tab head is copied, and its rows go into the GeoPackage beside it;
+# the raster is made from its ASCII grid, with its registration table.
+#   make_samples.sh OUTPUT-FOLDER
+set -eu
+src=$(cd "$(dirname "$0")/src" && pwd)
+out=${1:?usage: make_samples.sh OUTPUT-FOLDER}
+mkdir -p "$out"
+# name and reference system (none for tables without objects)
+for entry in collars:EPSG:28355 surveys: assays: lithology: objects:EPSG:4326; do
+  name=${entry%%:*}
+  srs=${entry#*:}
+  rm -f "$out/$name.gpkg"
+  ogr2ogr -q -f GPKG "$out/$name.gpkg" "$src/$name.csv" -nln "$name" \
+    -oo GEOM_POSSIBLE_NAMES=WKT -oo KEEP_GEOM_COLUMNS=NO ${srs:+-a_srs "$srs"}
+  cp "$src/$name.tab" "$out/$name.tab"
+done
+gdal_translate -q -of GTiff -a_srs EPSG:28355 "$src/dem.asc" "$out/dem.tif"
+cp "$src/dem.tab" "$out/dem.tab"

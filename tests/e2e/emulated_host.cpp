@@ -1,0 +1,42 @@
+#include "e2e/emulated_host.h"
+
+#include <filesystem>
+
+const sim::HostCApi& LinkedHostCApi() {
+  static const sim::HostCApi api = {
+      fk_register_object,  fk_revoke_object,  fk_value_type,       fk_value_text,    fk_value_bool,
+      fk_value_int,        fk_value_double,   fk_value_set_empty,  fk_value_set_int, fk_value_set_bool,
+      fk_value_set_double, fk_value_set_text, fk_value_set_object, fk_fail};
+  return api;
+}
+
+sim::HostCApi HostCApiOf(const FormkitLibrary& library) {
+  return {library.Export<decltype(fk_register_object)>("fk_register_object"),
+          library.Export<decltype(fk_revoke_object)>("fk_revoke_object"),
+          library.Export<decltype(fk_value_type)>("fk_value_type"),
+          library.Export<decltype(fk_value_text)>("fk_value_text"),
+          library.Export<decltype(fk_value_bool)>("fk_value_bool"),
+          library.Export<decltype(fk_value_int)>("fk_value_int"),
+          library.Export<decltype(fk_value_double)>("fk_value_double"),
+          library.Export<decltype(fk_value_set_empty)>("fk_value_set_empty"),
+          library.Export<decltype(fk_value_set_int)>("fk_value_set_int"),
+          library.Export<decltype(fk_value_set_bool)>("fk_value_set_bool"),
+          library.Export<decltype(fk_value_set_double)>("fk_value_set_double"),
+          library.Export<decltype(fk_value_set_text)>("fk_value_set_text"),
+          library.Export<decltype(fk_value_set_object)>("fk_value_set_object"),
+          library.Export<decltype(fk_fail)>("fk_fail")};
+}
+
+std::string SamplePath(const ScopedFolder& folder, const std::string& name) {
+  return (std::filesystem::path(folder.Path()) / (name + ".tab")).string();
+}
+
+std::string CopySamples(const ScopedFolder& folder, std::initializer_list<const char*> names) {
+  namespace fs = std::filesystem;
+  for (const char* name : names)
+    for (const char* ext : {".tab", ".gpkg", ".tif"}) {
+      const fs::path source = fs::path(SIM_SAMPLES_DIR) / (std::string(name) + ext);
+      if (fs::exists(source)) fs::copy_file(source, fs::path(folder.Path()) / source.filename());
+    }
+  return SamplePath(folder, *names.begin());
+}

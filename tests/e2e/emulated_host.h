@@ -1,0 +1,24 @@
+// The host emulator registered with a library the way a host program does
+// it: through the host C API, of the library linked into the tests or of a
+// fresh copy loaded with dlopen. Tables come from a private copy of the
+// samples.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "sim/host/c_api_object.h"
+#include "sim/host/emulator.h"
+#include "support/formkit_library.h"
+#include "support/session_fixture.h"
+
+// The C API of the library objects linked into the test program.
+const sim::HostCApi& LinkedHostCApi();
+// The C API of a loaded copy of the library.
+sim::HostCApi HostCApiOf(const FormkitLibrary& library);
+
+// Copies the named sample tables (.tab with its .gpkg or image) into
+// `folder`; returns the path of the first .tab.
+std::string CopySamples(const ScopedFolder& folder, std::initializer_list<const char*> names);
+// A sample's .tab in `folder`.
+std::string SamplePath(const ScopedFolder& folder, const std::string& name);

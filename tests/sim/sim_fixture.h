@@ -1,0 +1,26 @@
+// Tests of the host emulator: a fresh emulated host, a private copy of the
+// sample tables, and helpers that run statements and expressions the way
+// the library sends them.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+#include "sim/host/host.h"
+#include "support/session_fixture.h"
+
+class SimTest : public ::testing::Test {
+ protected:
+  void Do(const std::string& statement) { m_host.Do(statement); }
+  std::string Eval(const std::string& expression) { return m_host.Eval(expression); }
+  // The description of the failure of a statement; fails the test when it succeeds.
+  std::string DoError(const std::string& statement);
+  // A sample table copied into the test's own folder; its .tab path.
+  std::string Sample(const std::string& name);
+  std::string Folder() const { return m_folder.Path(); }
+
+  ScopedFolder m_folder;
+  sim::Host m_host;
+};

@@ -11,20 +11,20 @@ const sim::HostCApi& LinkedHostCApi() {
 }
 
 sim::HostCApi HostCApiOf(const FormkitLibrary& library) {
-  return {library.Export<decltype(fk_register_object)>("fk_register_object"),
-          library.Export<decltype(fk_revoke_object)>("fk_revoke_object"),
-          library.Export<decltype(fk_value_type)>("fk_value_type"),
-          library.Export<decltype(fk_value_text)>("fk_value_text"),
-          library.Export<decltype(fk_value_bool)>("fk_value_bool"),
-          library.Export<decltype(fk_value_int)>("fk_value_int"),
-          library.Export<decltype(fk_value_double)>("fk_value_double"),
-          library.Export<decltype(fk_value_set_empty)>("fk_value_set_empty"),
-          library.Export<decltype(fk_value_set_int)>("fk_value_set_int"),
-          library.Export<decltype(fk_value_set_bool)>("fk_value_set_bool"),
-          library.Export<decltype(fk_value_set_double)>("fk_value_set_double"),
-          library.Export<decltype(fk_value_set_text)>("fk_value_set_text"),
-          library.Export<decltype(fk_value_set_object)>("fk_value_set_object"),
-          library.Export<decltype(fk_fail)>("fk_fail")};
+  return {FORMKIT_EXPORT(library, fk_register_object),
+          FORMKIT_EXPORT(library, fk_revoke_object),
+          FORMKIT_EXPORT(library, fk_value_type),
+          FORMKIT_EXPORT(library, fk_value_text),
+          FORMKIT_EXPORT(library, fk_value_bool),
+          FORMKIT_EXPORT(library, fk_value_int),
+          FORMKIT_EXPORT(library, fk_value_double),
+          FORMKIT_EXPORT(library, fk_value_set_empty),
+          FORMKIT_EXPORT(library, fk_value_set_int),
+          FORMKIT_EXPORT(library, fk_value_set_bool),
+          FORMKIT_EXPORT(library, fk_value_set_double),
+          FORMKIT_EXPORT(library, fk_value_set_text),
+          FORMKIT_EXPORT(library, fk_value_set_object),
+          FORMKIT_EXPORT(library, fk_fail)};
 }
 
 std::string SamplePath(const ScopedFolder& folder, const std::string& name) {

@@ -19,18 +19,18 @@ class LibraryOnEmulator : public ::testing::Test {
     m_registration = std::make_unique<sim::CApiRegistration>(m_api, m_emulator.Application());
     m_handle = m_registration->Handle();
     ASSERT_NE(m_handle, 0);
-    ASSERT_EQ(Export<decltype(InitFormkitInstance)>("InitFormkitInstance")("Terravik"), 1);
+    ASSERT_EQ(FORMKIT_EXPORT(*this, InitFormkitInstance)("Terravik"), 1);
   }
 
   template <typename F>
   F* Export(const char* name) {
     return m_library.Export<F>(name);
   }
-  int Do(const std::string& statement) { return Export<decltype(CartomaDo)>("CartomaDo")(m_handle, statement.c_str()); }
+  int Do(const std::string& statement) { return FORMKIT_EXPORT(*this, CartomaDo)(m_handle, statement.c_str()); }
   std::string Eval(const std::string& expression) {
-    return Export<decltype(CartomaEval)>("CartomaEval")(m_handle, expression.c_str());
+    return FORMKIT_EXPORT(*this, CartomaEval)(m_handle, expression.c_str());
   }
-  std::string LastError() { return Export<decltype(CartomaLastError)>("CartomaLastError")(); }
+  std::string LastError() { return FORMKIT_EXPORT(*this, CartomaLastError)(); }
   bool Called(const std::string& member, const std::string& text) const {
     for (const sim::CallRecord& call : m_emulator.Calls())
       if (call.member == member && call.text == text) return true;
@@ -47,7 +47,7 @@ class LibraryOnEmulator : public ::testing::Test {
 };
 
 TEST_F(LibraryOnEmulator, ConnectingFindsTheProductScriptOfTheHost) {
-  EXPECT_EQ(Export<decltype(ConnectToCartoma)>("ConnectToCartoma")(m_handle), 1);
+  EXPECT_EQ(FORMKIT_EXPORT(*this, ConnectToCartoma)(m_handle), 1);
   EXPECT_TRUE(Called("CBXApplications.Item", "terravik.cbx"));
   EXPECT_TRUE(Called("terravik.cbx CBXGlobals", ""));
   EXPECT_FALSE(Called("CBXApplications.Item", "utilities.cbx")) << "the first product script found ends the search";
@@ -67,7 +67,7 @@ TEST_F(LibraryOnEmulator, StatementsAndExpressionsRunOnRealTables) {
   EXPECT_EQ(Eval("Deep.HoleID & \" \" & Deep.COL2"), "BD004 200");
   EXPECT_EQ(Eval("SelectionInfo(1)"), "Deep");
   EXPECT_EQ(
-      std::string(Export<decltype(GetCartomaTableFieldValue)>("GetCartomaTableFieldValue")(m_handle, "Deep", "HoleID")),
+      std::string(FORMKIT_EXPORT(*this, GetCartomaTableFieldValue)(m_handle, "Deep", "HoleID")),
       "BD004");
 }
 
@@ -86,9 +86,9 @@ TEST_F(LibraryOnEmulator, AMalformedStatementGivesItsDescriptionAndTheNextStatem
 }
 
 TEST_F(LibraryOnEmulator, ScriptsAnswerVariablesQueriesAndCommands) {
-  auto variable = Export<decltype(GetCBXVariable)>("GetCBXVariable");
-  auto query = Export<decltype(GetDDEQuery)>("GetDDEQuery");
-  auto command = Export<decltype(DoDDECommand)>("DoDDECommand");
+  auto variable = FORMKIT_EXPORT(*this, GetCBXVariable);
+  auto query = FORMKIT_EXPORT(*this, GetDDEQuery);
+  auto command = FORMKIT_EXPORT(*this, DoDDECommand);
   EXPECT_EQ(std::string(variable(m_handle, "terravik.cbx", "TerviDir")), "/opt/terravik");
   EXPECT_EQ(std::string(variable(m_handle, "terravik.cbx", "NoSuchVariable")), "");
   EXPECT_EQ(std::string(variable(m_handle, "zelvar.cbx", "TerviDir")), "") << "a script that doesn't run";

@@ -26,15 +26,15 @@ class DXFExportsTest : public ::testing::Test {
 
   FormkitLibrary m_library;
   ScopedFolder m_folder;
-  decltype(&DXFCreate) m_create = m_library.Export<decltype(DXFCreate)>("DXFCreate");
+  decltype(&DXFCreate) m_create = FORMKIT_EXPORT(m_library, DXFCreate);
   decltype(&DXFCreateWithBounds) m_createWithBounds =
-      m_library.Export<decltype(DXFCreateWithBounds)>("DXFCreateWithBounds");
-  decltype(&DXFColor) m_color = m_library.Export<decltype(DXFColor)>("DXFColor");
-  decltype(&DXFPoint) m_point = m_library.Export<decltype(DXFPoint)>("DXFPoint");
-  decltype(&DXFLine) m_line = m_library.Export<decltype(DXFLine)>("DXFLine");
-  decltype(&DXFPolyline) m_polyline = m_library.Export<decltype(DXFPolyline)>("DXFPolyline");
-  decltype(&DXFRegion) m_region = m_library.Export<decltype(DXFRegion)>("DXFRegion");
-  decltype(&DXFClose) m_close = m_library.Export<decltype(DXFClose)>("DXFClose");
+      FORMKIT_EXPORT(m_library, DXFCreateWithBounds);
+  decltype(&DXFColor) m_color = FORMKIT_EXPORT(m_library, DXFColor);
+  decltype(&DXFPoint) m_point = FORMKIT_EXPORT(m_library, DXFPoint);
+  decltype(&DXFLine) m_line = FORMKIT_EXPORT(m_library, DXFLine);
+  decltype(&DXFPolyline) m_polyline = FORMKIT_EXPORT(m_library, DXFPolyline);
+  decltype(&DXFRegion) m_region = FORMKIT_EXPORT(m_library, DXFRegion);
+  decltype(&DXFClose) m_close = FORMKIT_EXPORT(m_library, DXFClose);
 };
 
 TEST_F(DXFExportsTest, AFileWithoutEntitiesIsTheHeadAndTheTail) {

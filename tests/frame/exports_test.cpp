@@ -20,12 +20,12 @@ class ExportsTest : public ::testing::Test {
   FormkitLibrary m_library;
   ScriptedHost m_host{m_library.Api()};
 
-  decltype(&CartomaDo) m_do = m_library.Export<decltype(CartomaDo)>("CartomaDo");
-  decltype(&CartomaEval) m_eval = m_library.Export<decltype(CartomaEval)>("CartomaEval");
-  decltype(&CartomaLastError) m_lastError = m_library.Export<decltype(CartomaLastError)>("CartomaLastError");
-  decltype(&DoDDECommand) m_ddeCommand = m_library.Export<decltype(DoDDECommand)>("DoDDECommand");
-  decltype(&GetDDEQuery) m_ddeQuery = m_library.Export<decltype(GetDDEQuery)>("GetDDEQuery");
-  decltype(&GetCBXVariable) m_variable = m_library.Export<decltype(GetCBXVariable)>("GetCBXVariable");
+  decltype(&CartomaDo) m_do = FORMKIT_EXPORT(m_library, CartomaDo);
+  decltype(&CartomaEval) m_eval = FORMKIT_EXPORT(m_library, CartomaEval);
+  decltype(&CartomaLastError) m_lastError = FORMKIT_EXPORT(m_library, CartomaLastError);
+  decltype(&DoDDECommand) m_ddeCommand = FORMKIT_EXPORT(m_library, DoDDECommand);
+  decltype(&GetDDEQuery) m_ddeQuery = FORMKIT_EXPORT(m_library, GetDDEQuery);
+  decltype(&GetCBXVariable) m_variable = FORMKIT_EXPORT(m_library, GetCBXVariable);
 };
 
 TEST_F(ExportsTest, CartomaDoSendsTheStatementAndKeepsTheLastFailure) {
@@ -86,7 +86,7 @@ TEST_F(ExportsTest, ScriptsAreReachedByTheirExactName) {
 }
 
 TEST_F(ExportsTest, TableFieldValueEvaluatesTableDotColumn) {
-  auto fieldValue = m_library.Export<decltype(GetCartomaTableFieldValue)>("GetCartomaTableFieldValue");
+  auto fieldValue = FORMKIT_EXPORT(m_library, GetCartomaTableFieldValue);
   m_host.Answers().Answer("Collars.HoleID", "DH-001");
   EXPECT_STREQ(fieldValue(m_host.Handle(), "Collars", "HoleID"), "DH-001");
   EXPECT_STREQ(fieldValue(0, "Collars", "HoleID"), "");
@@ -94,15 +94,15 @@ TEST_F(ExportsTest, TableFieldValueEvaluatesTableDotColumn) {
 }
 
 TEST_F(ExportsTest, ConnectExportsAndTheProcessId) {
-  auto connect = m_library.Export<decltype(ConnectToCartoma)>("ConnectToCartoma");
-  auto withoutCheck = m_library.Export<decltype(ConnectToCartomaWithoutAppCheck)>("ConnectToCartomaWithoutAppCheck");
+  auto connect = FORMKIT_EXPORT(m_library, ConnectToCartoma);
+  auto withoutCheck = FORMKIT_EXPORT(m_library, ConnectToCartomaWithoutAppCheck);
   auto secondName =
-      m_library.Export<decltype(ConnectToCartomaWithoutAppCheckDispatch)>("ConnectToCartomaWithoutAppCheckDispatch");
+      FORMKIT_EXPORT(m_library, ConnectToCartomaWithoutAppCheckDispatch);
   EXPECT_EQ(reinterpret_cast<void*>(withoutCheck), reinterpret_cast<void*>(secondName))
       << "one entry under two names";
   EXPECT_EQ(connect(0), 0) << "no handle and no running host";
   EXPECT_EQ(connect(m_host.Handle()), 1);
-  EXPECT_EQ(m_library.Export<decltype(GetProcessID)>("GetProcessID")(), getpid());
+  EXPECT_EQ(FORMKIT_EXPORT(m_library, GetProcessID)(), getpid());
 }
 
 TEST_F(ExportsTest, ExportsWithoutADialogLoadNoToolkit) {

@@ -21,15 +21,15 @@ FormkitLibrary::FormkitLibrary(bool freshCopy) {
   }
   m_handle = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
   if (!m_handle) throw std::runtime_error(std::string("dlopen failed: ") + dlerror());
-  m_api = {Export<decltype(fk_register_object)>("fk_register_object"),
-           Export<decltype(fk_revoke_object)>("fk_revoke_object"),
-           Export<decltype(fk_register_active_object)>("fk_register_active_object"),
-           Export<decltype(fk_revoke_active_object)>("fk_revoke_active_object"),
-           Export<decltype(fk_value_text)>("fk_value_text"),
-           Export<decltype(fk_value_bool)>("fk_value_bool"),
-           Export<decltype(fk_value_set_text)>("fk_value_set_text"),
-           Export<decltype(fk_value_set_object)>("fk_value_set_object"),
-           Export<decltype(fk_fail)>("fk_fail")};
+  m_api = {FORMKIT_EXPORT(*this, fk_register_object),
+           FORMKIT_EXPORT(*this, fk_revoke_object),
+           FORMKIT_EXPORT(*this, fk_register_active_object),
+           FORMKIT_EXPORT(*this, fk_revoke_active_object),
+           FORMKIT_EXPORT(*this, fk_value_text),
+           FORMKIT_EXPORT(*this, fk_value_bool),
+           FORMKIT_EXPORT(*this, fk_value_set_text),
+           FORMKIT_EXPORT(*this, fk_value_set_object),
+           FORMKIT_EXPORT(*this, fk_fail)};
 }
 
 FormkitLibrary::~FormkitLibrary() {

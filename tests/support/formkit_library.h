@@ -8,6 +8,9 @@
 
 #include "support/host_api.h"
 
+// The export `name` of `library`, typed as the declaration in formkit.h says.
+#define FORMKIT_EXPORT(library, name) (library).Export<decltype(name)>(#name)
+
 class FormkitLibrary {
  public:
   // Loads the built library; with `freshCopy`, a private copy of it.

@@ -33,7 +33,7 @@ class SelectFieldsWxTest : public ToolkitDialogTest {
 TEST_F(SelectFieldsWxTest, TheExportChoosesTheToolkitAndMovesABlockInReverse) {
   setenv("FORMKIT_UI", "wx", 1);
   FormkitLibrary library(false);  // the built library, beside libformkit-wx.so
-  auto selectFields = library.Export<decltype(SelectFieldsDialog)>("SelectFieldsDialog");
+  auto selectFields = FORMKIT_EXPORT(library, SelectFieldsDialog);
   m_dialogs.Use([](wxDialog& box) {
     EXPECT_EQ(box.GetTitle(), "Field Selection");
     EXPECT_EQ(user::Control(box, CSelectFieldsDlg::IDC_GROUP).GetLabel(), "Select Fields to include");

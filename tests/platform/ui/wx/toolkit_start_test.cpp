@@ -38,7 +38,7 @@ TEST(ToolkitStart, AskedForWithoutADisplayTheLibraryRunsItsBoxesHeadless) {
         FormkitLibrary library(false);
         const char* names[] = {"HoleID"};
         int32_t flags[] = {1};
-        auto selectFields = library.Export<decltype(SelectFieldsDialog)>("SelectFieldsDialog");
+        auto selectFields = FORMKIT_EXPORT(library, SelectFieldsDialog);
         std::exit(selectFields(names, flags, 1) == 0 && flags[0] == 1 ? 0 : 1);
       },
       ::testing::ExitedWithCode(0), "");

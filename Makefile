@@ -1,4 +1,5 @@
 # Formkit for Linux: one entry point for a fresh machine.
+#   make demo   install what is missing, build the command line, run the tour into demo-out/
 #   make test   install what is missing, configure, build, run the tests
 BUILD    ?= build
 JOBS     ?= 2
@@ -9,10 +10,11 @@ PACKAGES := cmake ninja-build pkg-config g++ binutils \
             libgtest-dev libgmock-dev libbenchmark-dev \
             libglib2.0-dev libsqlite3-dev libfmt-dev libsimpleini-dev \
             libgdk-pixbuf-2.0-dev libgdal-dev gdal-bin libproj-dev python3-ezdxf \
+            libcli11-dev python3-gdal python3-numpy \
             libwxgtk3.2-dev libgtk-3-dev xvfb xauth \
             dbus
 
-.PHONY: all deps configure build test bench clean
+.PHONY: all deps configure build test demo bench clean
 
 all: build
 
@@ -42,6 +44,11 @@ build: configure
 
 test: build
 	ctest --test-dir $(BUILD) --output-on-failure -j $(JOBS)
+
+# The tour: the command line on the sample data, each file checked by a peer.
+demo: configure
+	cmake --build $(BUILD) -j $(JOBS) --target formkit-cli sim_samples
+	bash demo/run_demo.sh $(BUILD) demo-out
 
 bench: build
 	cmake --build $(BUILD) -j $(JOBS) --target benchmarks

@@ -2,14 +2,6 @@
 
 #include <filesystem>
 
-const sim::HostCApi& LinkedHostCApi() {
-  static const sim::HostCApi api = {
-      fk_register_object,  fk_revoke_object,  fk_value_type,       fk_value_text,    fk_value_bool,
-      fk_value_int,        fk_value_double,   fk_value_set_empty,  fk_value_set_int, fk_value_set_bool,
-      fk_value_set_double, fk_value_set_text, fk_value_set_object, fk_fail};
-  return api;
-}
-
 sim::HostCApi HostCApiOf(const FormkitLibrary& library) {
   return {FORMKIT_EXPORT(library, fk_register_object),
           FORMKIT_EXPORT(library, fk_revoke_object),

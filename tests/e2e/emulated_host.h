@@ -7,13 +7,11 @@
 #include <memory>
 #include <string>
 
-#include "sim/host/c_api_object.h"
+#include "sim/host/linked_c_api.h"
 #include "sim/host/emulator.h"
 #include "support/formkit_library.h"
 #include "support/session_fixture.h"
 
-// The C API of the library objects linked into the test program.
-const sim::HostCApi& LinkedHostCApi();
 // The C API of a loaded copy of the library.
 sim::HostCApi HostCApiOf(const FormkitLibrary& library);
 

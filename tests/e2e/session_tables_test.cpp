@@ -98,7 +98,7 @@ class SessionOnEmulator : public SessionTest {
 
   ScopedFolder m_folder;
   sim::Emulator m_emulator;
-  sim::CApiRegistration m_registration{LinkedHostCApi(), m_emulator.Application()};
+  sim::CApiRegistration m_registration{sim::LinkedHostCApi(), m_emulator.Application()};
 };
 
 TEST_F(SessionOnEmulator, MakeTableSubsetWritesTheChosenHolesInOrderWithTheMetadataBlock) {

@@ -12,6 +12,7 @@ namespace fk::ui {
 namespace {
 
 std::atomic<bool> g_interrupted{false};
+std::atomic<bool> g_quiet{false};
 int g_shownWindows = 0;
 void (*g_previousHandler)(int) = SIG_DFL;
 
@@ -79,7 +80,7 @@ void HeadlessProgress::Hide() {
   if (!m_record->shown) return;
   m_record->shown = false;
   ReleaseInterrupt();
-  if (m_bTerminal) std::fputs("\n", stderr);
+  if (m_bTerminal && !g_quiet) std::fputs("\n", stderr);
 }
 
 void HeadlessProgress::Center() {
@@ -94,17 +95,36 @@ bool HeadlessProgress::Pump(bool /*escapeCancels*/) {
   return g_interrupted.exchange(false) || (m_cancelRequested && m_cancelRequested());
 }
 
+void HeadlessProgress::SetQuiet(bool quiet) { g_quiet = quiet; }
+
 void HeadlessProgress::Draw() {
-  if (!m_bTerminal || !m_record->shown) return;
+  if (g_quiet || !m_record->shown) return;
   const ProgressRecord& r = *m_record;
   const int span = r.upper - r.lower;
   const double fraction = span > 0 ? std::clamp((r.pos - r.lower) / static_cast<double>(span), 0.0, 1.0) : 0.0;
+  if (m_bTerminal)
+    DrawBar(fraction);
+  else
+    WriteLine(fraction);
+}
+
+void HeadlessProgress::DrawBar(double fraction) const {
   const int filled = static_cast<int>(fraction * kBarWidth);
-  std::string text = r.text;
+  std::string text = m_record->text;
   std::replace(text.begin(), text.end(), '\n', ' ');
-  std::fprintf(stderr, "\r%s [%.*s%*s] %s\033[K", r.title.c_str(), filled, "##############################",
+  std::fprintf(stderr, "\r%s [%.*s%*s] %s\033[K", m_record->title.c_str(), filled, "##############################",
                kBarWidth - filled, "", text.c_str());
   std::fflush(stderr);
+}
+
+void HeadlessProgress::WriteLine(double fraction) {
+  std::string text = m_record->text;
+  if (text.empty()) return;
+  std::replace(text.begin(), text.end(), '\n', ' ');
+  const std::string line = std::to_string(static_cast<int>(fraction * 10) * 10) + "% " + text;
+  if (line == m_strLastLine) return;
+  m_strLastLine = line;
+  std::fprintf(stderr, "%s\n", line.c_str());
 }
 
 }  // namespace fk::ui

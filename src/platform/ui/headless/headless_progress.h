@@ -1,6 +1,7 @@
 // A progress window without a screen. On a terminal it draws a bar on
-// standard error; Ctrl-C while it is shown asks to cancel, as the Cancel
-// button would. It pumps the calling thread's main loop like the window does.
+// standard error; elsewhere (a log, a pipe) it writes a plain line for each
+// new text and each tenth of the way. Ctrl-C while it is shown asks to
+// cancel, as the Cancel button would. It pumps the calling thread's main loop like the window does.
 #pragma once
 
 #include <functional>
@@ -42,13 +43,19 @@ class HeadlessProgress : public ProgressView {
   ScreenPoint ScreenSize() const override { return {1024, 768}; }
   bool Pump(bool escapeCancels) override;
 
+  // Quiet windows show nothing on standard error (the command line's --quiet).
+  static void SetQuiet(bool quiet);
+
  private:
   void Draw();
+  void DrawBar(double fraction) const;
+  void WriteLine(double fraction);
 
   std::function<bool()> m_cancelRequested;
   std::shared_ptr<ProgressRecord> m_record;
   int m_nWidth = 390, m_nHeight = 130;
   bool m_bTerminal = false;
+  std::string m_strLastLine;
   ScreenPoint m_position;
 };
 

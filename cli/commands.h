@@ -1,0 +1,32 @@
+// The subcommands of the command line. Each adds itself to the program
+// with its options, its example and the work it runs: options in, the
+// library's own code, results out.
+#pragma once
+
+#include <CLI/CLI.hpp>
+
+#include <functional>
+#include <string>
+
+#include "global_options.h"
+
+namespace cli {
+
+void AddHostCommand(CLI::App& app, const GlobalOptions& options);
+void AddContourCommand(CLI::App& app, const GlobalOptions& options);
+void AddRegisterImageCommand(CLI::App& app, const GlobalOptions& options);
+void AddFieldsCommand(CLI::App& app, const GlobalOptions& options);
+void AddSettingsCommand(CLI::App& app, const GlobalOptions& options);
+
+// Runs `work` when `command` is chosen, with the terminal set up for the
+// options: headless dialog boxes, message boxes and progress on standard
+// error.
+void OnRun(CLI::App* command, const GlobalOptions& options, std::function<void()> work);
+
+// The help text's closing lines: an example that works when pasted, with
+// "{formkit}" standing for the program as it was called and "{samples}" for
+// the folder of the sample data.
+std::string Example(const std::string& lines);
+void SetProgramName(const std::string& program);
+
+}  // namespace cli

@@ -1,0 +1,81 @@
+#!/usr/bin/env bash
+# The tour of `make demo`: the formkit command line on the sample data, each
+# product checked by a program that is not ours, and a table at the end.
+#   run_demo.sh BUILD-FOLDER OUTPUT-FOLDER
+# Runs with no display and no session bus; settings go to a private folder
+# inside the output, so the user's own are never touched. Two runs write
+# the same files.
+set -uo pipefail
+build=$(cd "${1:?usage: run_demo.sh BUILD-FOLDER OUTPUT-FOLDER}" && pwd)
+out=${2:?usage: run_demo.sh BUILD-FOLDER OUTPUT-FOLDER}
+rm -rf "$out" && mkdir -p "$out" && out=$(cd "$out" && pwd)
+samples=$build/samples
+formkit=$build/formkit
+export FORMKIT_REGISTRY_DIR=$out/.home/registry XDG_CONFIG_HOME=$out/.home/config FORMKIT_UI=headless
+export OGR_CURRENT_DATE=2000-01-01T00:00:00Z   # GeoPackages without the time they were written
+unset DISPLAY WAYLAND_DISPLAY
+mkdir -p "$FORMKIT_REGISTRY_DIR" "$XDG_CONFIG_HOME"
+python=/usr/bin/python3
+rows=()
+failed=0
+
+# step NAME OUTPUT PEER-CHECK-RESULT: one row of the closing table.
+step() {
+  local size=-
+  [ -f "$2" ] && size=$(stat -c %s "$2")
+  rows+=("$1|${2#"$out"/}|$size|$3")
+  case $3 in ok*|-) ;; *) failed=1 ;; esac
+}
+
+say() { printf '\n== %s\n' "$*"; }
+
+say "Open the sample tables in the host emulator; select the deep holes into a new table"
+"$formkit" --data "$samples" host \
+  -e 'NumTables()' -e 'TableInfo(collars, 8)' -e 'TableInfo(assays, 8)' \
+  -c 'Select HoleID, East, North, MaxDepth From collars Where MaxDepth > 150 Into Deep' \
+  -c "Commit Table Deep As \"$out/deep_holes.tab\"" -e 'TableInfo(Deep, 8)' | tee "$out/tables.txt"
+deep=$(tail -n 1 "$out/tables.txt")
+found=$(ogrinfo -ro -so -al "$out/deep_holes.gpkg" 2>/dev/null | sed -n 's/^Feature Count: //p')
+step "tables: select and commit" "$out/deep_holes.gpkg" \
+  "$([ -n "$found" ] && [ "$found" = "$deep" ] && echo "ok: ogrinfo reads $found rows" || echo "FAILED: ogrinfo read '$found' rows of $deep")"
+
+say "Contour the sample DEM every 2 m into DXF"
+"$formkit" contour "$samples/dem.tif" -o "$out/dem_contours.dxf" --interval 2 | tee "$out/contours.txt"
+segments=$(sed -n 's/^\([0-9]*\) segments.*/\1/p' "$out/contours.txt")
+features=$(ogrinfo -ro -so -al "$out/dem_contours.dxf" 2>/dev/null | sed -n 's/^Feature Count: //p')
+audit=$("$python" -c 'import sys, ezdxf
+doc = ezdxf.readfile(sys.argv[1]); print(len(doc.audit().errors))' "$out/dem_contours.dxf" 2>&1 | tail -n 1)
+step "contour: DEM to DXF" "$out/dem_contours.dxf" \
+  "$([ -n "$segments" ] && [ "$features" = "$segments" ] && [ "$audit" = 0 ] \
+     && echo "ok: ogrinfo reads $features lines, ezdxf audit clean" \
+     || echo "FAILED: ogrinfo '$features' of '$segments' lines, ezdxf errors '$audit'")"
+
+say "Register the shaded relief picture over the DEM's extent"
+cp "$samples/hillshade.jpg" "$out/"
+"$formkit" register-image "$out/hillshade.jpg" --bounds 255000 5925000 255400 5925400 \
+  --coordsys 'Earth Projection 8, 116, "m", 147, 0, 0.9996, 500000, 10000000'
+origin=$(gdalinfo "$out/hillshade.jpg" 2>/dev/null | sed -n 's/^Origin = //p')
+step "register-image: picture table" "$out/hillshade.tab" \
+  "$(case $origin in '(255000.0'*',5925400.0'*) echo "ok: gdalinfo places it at $origin" ;;
+     *) echo "FAILED: gdalinfo origin '$origin'" ;; esac)"
+
+say "Choose two columns of the collars in the field selection dialog box"
+"$formkit" --data "$samples/collars.tab" fields collars --select MaxDepth HoleID | tee "$out/fields.txt"
+step "fields: field selection" "$out/fields.txt" \
+  "$([ "$(tr '\n' ' ' < "$out/fields.txt")" = "HoleID MaxDepth " ] && echo "ok: in the table's order" || echo "FAILED")"
+
+say "Keep a setting for the product, and read the product's registry values"
+mkdir -p "$XDG_CONFIG_HOME/Orvex/Terravik"
+"$formkit" settings set Demo Contours "$out/dem_contours.dxf" --file demo.ini
+"$formkit" settings rss 14 >/dev/null
+"$formkit" settings show | sed "s|$out/||" | tee "$out/settings.txt"
+step "settings: files and registry" "$out/settings.txt" \
+  "$(grep -q 'RSSDelay = "14"' "$out/settings.txt" && [ "$("$formkit" settings get Demo Contours --file demo.ini)" = "$out/dem_contours.dxf" ] \
+     && echo "ok: read back" || echo "FAILED")"
+
+printf '\n%-30s %-22s %8s  %s\n' step output bytes "checked by a peer"
+for row in "${rows[@]}"; do
+  IFS='|' read -r name file size check <<<"$row"
+  printf '%-30s %-22s %8s  %s\n' "$name" "$file" "$size" "$check"
+done
+exit $failed

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <sstream>
 #include <string>
 
 #include "cli_errors.h"
@@ -10,10 +11,18 @@ namespace cli {
 
 constexpr double kMaxLevels = 10000;
 
+namespace {
+std::string Shown(double number) {
+  std::ostringstream text;
+  text << number;
+  return text.str();
+}
+}  // namespace
+
 std::vector<double> LevelsByInterval(double step, double minimum, double maximum) {
-  if (!(step > 0) || !std::isfinite(step)) throw UsageError("--interval must be a positive number, not " + std::to_string(step));
+  if (!(step > 0) || !std::isfinite(step)) throw UsageError("--interval must be a positive number, not " + Shown(step));
   const double first = std::ceil(minimum / step), last = std::floor(maximum / step);
-  if (last - first + 1 > kMaxLevels) throw UsageError("--interval " + std::to_string(step) + " gives more than 10000 levels");
+  if (last - first + 1 > kMaxLevels) throw UsageError("--interval " + Shown(step) + " gives more than 10000 levels");
   std::vector<double> levels;
   for (double k = first; k <= last; ++k) levels.push_back(k * step);
   return levels;

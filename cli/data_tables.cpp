@@ -21,13 +21,15 @@ std::string LowerExtension(const fs::path& path) {
 // Vector data that the host opens as a table of its own. A table file's
 // rows live in a GeoPackage beside it, which is not opened twice.
 bool IsVectorData(const fs::path& path) {
-  static const std::array<const char*, 9> kExtensions{".gpkg", ".shp",  ".geojson", ".json", ".csv",
+  static const std::array<const char*, 9> kExtensions{".gpkg", ".shp", ".geojson", ".json",  ".csv",
                                                       ".kml",  ".gml", ".fgb",     ".sqlite"};
   const std::string ext = LowerExtension(path);
   return std::find(kExtensions.begin(), kExtensions.end(), ext) != kExtensions.end();
 }
 
-TableFile TableOf(const fs::path& path) { return {fs::absolute(path).lexically_normal().string(), TableNameOf(path.string())}; }
+TableFile TableOf(const fs::path& path) {
+  return {fs::absolute(path).lexically_normal().string(), TableNameOf(path.string())};
+}
 
 void AddFolder(const fs::path& folder, std::vector<TableFile>& tables) {
   std::vector<fs::path> files;

@@ -65,17 +65,19 @@ void AddHostCommand(CLI::App& app, const GlobalOptions& options) {
   auto host = std::make_shared<HostOptions>();
   CLI::App* command = app.add_subcommand(
       "host", "Run host statements and expressions (\"?EXPR\" prints the value of EXPR) on the host");
-  command->add_option("-c", host->statements, "A statement, or ?EXPRESSION (repeatable; -c and -e run in the order given)")
+  command
+      ->add_option("-c", host->statements, "A statement, or ?EXPRESSION (repeatable; -c and -e run in the order given)")
       ->type_name("TEXT")
       ->each([host](const std::string& text) { host->texts.push_back(text); });
   command->add_option("-e", host->expressions, "An expression whose value is printed (repeatable)")
       ->type_name("EXPR")
       ->each([host](const std::string& text) { host->texts.push_back("?" + text); });
-  command->add_option("file", host->file, "A file of statements and ?expressions, one a line ('-' or none: "
-                                          "standard input)");
-  command->footer(Example(
-      "{formkit} --data {samples} host -e 'NumTables()' \\\n"
-      "    -c 'Select HoleID, MaxDepth From collars Where MaxDepth > 150 Into Deep' -e 'TableInfo(Deep, 8)'"));
+  command->add_option("file", host->file,
+                      "A file of statements and ?expressions, one a line ('-' or none: "
+                      "standard input)");
+  command->footer(
+      Example("{formkit} --data {samples} host -e 'NumTables()' \\\n"
+              "    -c 'Select HoleID, MaxDepth From collars Where MaxDepth > 150 Into Deep' -e 'TableInfo(Deep, 8)'"));
   OnRun(command, options, [&options, host] { RunHost(options, *host); });
 }
 

@@ -44,18 +44,19 @@ void RunRegister(const GlobalOptions& global, const RegisterOptions& options) {
   const auto& b = options.bounds;
   if (!(b[0] < b[2] && b[1] < b[3])) throw UsageError("--bounds: LEFT must be below RIGHT and BOTTOM below TOP");
   if (!fs::is_regular_file(options.image)) throw UsageError("no such picture: " + options.image);
-  const fs::path table = options.table.empty() ? fs::path(options.image).replace_extension(".tab") : fs::path(options.table);
+  const fs::path table =
+      options.table.empty() ? fs::path(options.image).replace_extension(".tab") : fs::path(options.table);
   if (fs::absolute(table) == fs::absolute(options.image)) throw UsageError("the table would overwrite the picture");
   std::int32_t width = 0, height = 0;
   if (GetPictureSize(options.image.c_str(), &width, &height) != 1)
     throw ToolFailure("cannot read the size of picture " + options.image);
   const std::int32_t transparent = options.transparent.empty() ? -1 : ParseColour(options.transparent);
-  if (WriteRasterTabFile(table.string(), ImageNameFor(options.image, table), b[0], b[1], b[2], b[3],
-                         options.coordSys, transparent) != 1)
+  if (WriteRasterTabFile(table.string(), ImageNameFor(options.image, table), b[0], b[1], b[2], b[3], options.coordSys,
+                         transparent) != 1)
     throw ToolFailure("cannot write " + table.string());
   if (!global.quiet)
-    std::printf("%s: picture of %d x %d pixels over (%.10g, %.10g) - (%.10g, %.10g)\n", table.string().c_str(), width, height,
-                b[0], b[1], b[2], b[3]);
+    std::printf("%s: picture of %d x %d pixels over (%.10g, %.10g) - (%.10g, %.10g)\n", table.string().c_str(), width,
+                height, b[0], b[1], b[2], b[3]);
 }
 
 }  // namespace
@@ -73,10 +74,10 @@ void AddRegisterImageCommand(CLI::App& app, const GlobalOptions& options) {
   command->add_option("--transparent", reg->transparent, "The colour shown as transparent, #RRGGBB")
       ->type_name("COLOUR");
   command->add_option("-o,--output", reg->table, "The table to write (default: the picture's name with .tab)");
-  command->footer(Example(
-      "{formkit} register-image {samples}/hillshade.jpg -o hillshade.tab \\\n"
-      "    --bounds 255000 5925000 255400 5925400 \\\n"
-      "    --coordsys 'Earth Projection 8, 116, \"m\", 147, 0, 0.9996, 500000, 10000000'"));
+  command->footer(
+      Example("{formkit} register-image {samples}/hillshade.jpg -o hillshade.tab \\\n"
+              "    --bounds 255000 5925000 255400 5925400 \\\n"
+              "    --coordsys 'Earth Projection 8, 116, \"m\", 147, 0, 0.9996, 500000, 10000000'"));
   OnRun(command, options, [&options, reg] { RunRegister(options, *reg); });
 }
 

@@ -73,23 +73,12 @@ TEST_F(ExportsTest, AHostFailureInsideADDECommandBecomesTheFailureResult) {
   EXPECT_EQ(m_ddeCommand(m_host.Handle(), "terravik.cbx", "Calm"), 1) << "the library stays usable";
 }
 
-TEST_F(ExportsTest, ScriptsAreReachedByTheirExactName) {
-  ScriptedScript& other = m_host.AddScript("drafting.cbx");
-  other.SetGlobal("Sheet", "A3");
-  other.Answers().Answer("CURRENT SHEET", "A3 landscape");
-  EXPECT_STREQ(m_variable(m_host.Handle(), "drafting.cbx", "Sheet"), "A3");
-  EXPECT_STREQ(m_variable(m_host.Handle(), "drafting.cbx", "Missing"), "");
-  EXPECT_STREQ(m_variable(m_host.Handle(), "absent.cbx", "Sheet"), "");
-  EXPECT_STREQ(m_variable(0, "drafting.cbx", "Sheet"), "");
-  EXPECT_STREQ(m_ddeQuery(m_host.Handle(), "drafting.cbx", "CURRENT SHEET"), "A3 landscape");
-  EXPECT_STREQ(m_ddeQuery(m_host.Handle(), "absent.cbx", "CURRENT SHEET"), "");
-}
-
 TEST_F(ExportsTest, TableFieldValueEvaluatesTableDotColumn) {
   auto fieldValue = FORMKIT_EXPORT(m_library, GetCartomaTableFieldValue);
   m_host.Answers().Answer("Collars.HoleID", "DH-001");
   EXPECT_STREQ(fieldValue(m_host.Handle(), "Collars", "HoleID"), "DH-001");
   EXPECT_STREQ(fieldValue(0, "Collars", "HoleID"), "");
+  EXPECT_STREQ(m_variable(0, "terravik.cbx", "TerviDir"), "") << "no host, no script";
   EXPECT_THAT(m_host.Statements(), ElementsAre("Eval: Collars.HoleID"));
 }
 

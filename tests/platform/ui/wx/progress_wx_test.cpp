@@ -127,7 +127,7 @@ TEST_F(ProgressWxTest, EscapeCancelsOnlyWhenItCountsAndTheCloseBoxAlways) {
     EXPECT_TRUE(progress.Cancelled());
   }
   CProgressWnd closed;
-  user::CloseBox(Window());
+  Window().Close();  // the close box
   EXPECT_TRUE(Window().IsShown()) << "the close box asks; the loop decides";
   closed.PeekAndPump(false);
   EXPECT_TRUE(closed.Cancelled());

@@ -12,9 +12,9 @@ PACKAGES := cmake ninja-build pkg-config g++ binutils \
             libgdk-pixbuf-2.0-dev libgdal-dev gdal-bin libproj-dev python3-ezdxf \
             libcli11-dev python3-gdal python3-numpy \
             libwxgtk3.2-dev libgtk-3-dev xvfb xauth \
-            dbus
+            dbus gcovr
 
-.PHONY: all deps configure build test demo bench clean
+.PHONY: all deps configure build test demo bench coverage clean
 
 all: build
 
@@ -52,6 +52,16 @@ demo: configure
 
 bench: build
 	cmake --build $(BUILD) -j $(JOBS) --target benchmarks
+
+# Line coverage of the library and the emulator by the whole suite, in a
+# build folder of its own.
+COVERAGE_BUILD ?= build-cov
+coverage: deps
+	cmake -S . -B $(COVERAGE_BUILD) -G Ninja -DCMAKE_BUILD_TYPE=Debug -DFORMKIT_COVERAGE=ON
+	cmake --build $(COVERAGE_BUILD) -j $(JOBS)
+	find $(COVERAGE_BUILD) -name '*.gcda' -delete
+	ctest --test-dir $(COVERAGE_BUILD) --output-on-failure -j $(JOBS)
+	gcovr -r . -f src/ -f sim/ -j $(JOBS) --print-summary -o $(COVERAGE_BUILD)/coverage.txt $(COVERAGE_BUILD)
 
 clean:
 	rm -rf $(BUILD)

@@ -2,8 +2,8 @@
 
 #include <fmt/format.h>
 
+#include "dispatch_ids.h"
 #include "errors.h"
-#include "host/cartoma_dispids.h"
 #include "platform/automation/exceptions.h"
 
 namespace sim {
@@ -52,7 +52,7 @@ class GlobalObject final : public fk::Dispatch {
   GlobalObject(StatePtr state, std::string script, std::string name)
       : m_state(std::move(state)), m_script(std::move(script)), m_name(std::move(name)) {}
   fk::Variant Invoke(std::int32_t dispid, std::uint16_t flags, std::span<fk::Variant>) override {
-    if (dispid != DISPID_GLOBAL_VALUE || !(flags & fk::DISPATCH_PROPERTYGET)) UnknownMember("A global", dispid, flags);
+    if (dispid != kGlobalValue || !(flags & fk::DISPATCH_PROPERTYGET)) UnknownMember("A global", dispid, flags);
     return m_state->Call(m_script + "." + m_name + " Value", m_name, [&] {
       Script* script = m_state->host.RunningScripts().Find(m_script);
       const auto it = script ? script->globals.find(m_name) : decltype(script->globals.end()){};
@@ -70,7 +70,7 @@ class GlobalsObject final : public fk::Dispatch {
  public:
   GlobalsObject(StatePtr state, std::string script) : m_state(std::move(state)), m_script(std::move(script)) {}
   fk::Variant Invoke(std::int32_t dispid, std::uint16_t flags, std::span<fk::Variant> args) override {
-    if (dispid != DISPID_COLLECTION_ITEM) UnknownMember("CBXGlobals", dispid, flags);
+    if (dispid != kGlobalsItem) UnknownMember("CBXGlobals", dispid, flags);
     const std::string name = TextArg(args, "Item");
     return m_state->Call(m_script + " CBXGlobals.Item", name, [&] {
       Script* script = m_state->host.RunningScripts().Find(m_script);
@@ -88,19 +88,19 @@ class ScriptObject final : public fk::Dispatch {
  public:
   ScriptObject(StatePtr state, std::string name) : m_state(std::move(state)), m_name(std::move(name)) {}
   fk::Variant Invoke(std::int32_t dispid, std::uint16_t flags, std::span<fk::Variant> args) override {
-    if (dispid == DISPID_SCRIPT_DO && (flags & fk::DISPATCH_METHOD)) {
+    if (dispid == kScriptDo && (flags & fk::DISPATCH_METHOD)) {
       const std::string command = TextArg(args, "Do");
       return m_state->Call(m_name + " Do", command, [&] {
         m_state->host.RunningScripts().Do(Require(), command);
         return fk::Variant();
       });
     }
-    if (dispid == DISPID_SCRIPT_EVAL && (flags & fk::DISPATCH_METHOD)) {
+    if (dispid == kScriptEval && (flags & fk::DISPATCH_METHOD)) {
       const std::string query = TextArg(args, "Eval");
       return m_state->Call(m_name + " Eval", query,
                            [&] { return fk::Variant::Text(m_state->host.RunningScripts().Eval(Require(), query)); });
     }
-    if (dispid == DISPID_SCRIPT_CBXGLOBALS && (flags & fk::DISPATCH_PROPERTYGET))
+    if (dispid == kScriptCBXGlobals && (flags & fk::DISPATCH_PROPERTYGET))
       return m_state->Call(m_name + " CBXGlobals", "", [&] {
         Require();
         return fk::Variant::Object(std::make_shared<GlobalsObject>(m_state, m_name));
@@ -122,7 +122,7 @@ class ApplicationsObject final : public fk::Dispatch {
  public:
   explicit ApplicationsObject(StatePtr state) : m_state(std::move(state)) {}
   fk::Variant Invoke(std::int32_t dispid, std::uint16_t flags, std::span<fk::Variant> args) override {
-    if (dispid != DISPID_COLLECTION_ITEM) UnknownMember("CBXApplications", dispid, flags);
+    if (dispid != kApplicationsItem) UnknownMember("CBXApplications", dispid, flags);
     const std::string name = TextArg(args, "Item");
     return m_state->Call("CBXApplications.Item", name, [&] {
       Script* script = m_state->host.RunningScripts().Find(name);
@@ -139,27 +139,27 @@ class ApplicationObject final : public fk::Dispatch {
  public:
   explicit ApplicationObject(StatePtr state) : m_state(std::move(state)) {}
   fk::Variant Invoke(std::int32_t dispid, std::uint16_t flags, std::span<fk::Variant> args) override {
-    if (dispid == DISPID_CARTOMA_DO && (flags & fk::DISPATCH_METHOD)) {
+    if (dispid == kAppDo && (flags & fk::DISPATCH_METHOD)) {
       const std::string statement = TextArg(args, "Do");
       return m_state->Call("Do", statement, [&] {
         m_state->host.Do(statement);
         return fk::Variant();
       });
     }
-    if (dispid == DISPID_CARTOMA_EVAL && (flags & fk::DISPATCH_METHOD)) {
+    if (dispid == kAppEval && (flags & fk::DISPATCH_METHOD)) {
       const std::string expression = TextArg(args, "Eval");
       return m_state->Call("Eval", expression, [&] { return fk::Variant::Text(m_state->host.Eval(expression)); });
     }
-    if (dispid == DISPID_CARTOMA_VISIBLE && (flags & fk::DISPATCH_PROPERTYPUT)) {
+    if (dispid == kAppVisible && (flags & fk::DISPATCH_PROPERTYPUT)) {
       const bool visible = !args.empty() && args[0].ToBool();
       return m_state->Call("Visible", visible ? "true" : "false", [&] {
         m_state->visible = visible;
         return fk::Variant();
       });
     }
-    if (dispid == DISPID_CARTOMA_LASTERRORMESSAGE && (flags & fk::DISPATCH_PROPERTYGET))
+    if (dispid == kAppLastErrorMessage && (flags & fk::DISPATCH_PROPERTYGET))
       return m_state->Call("LastErrorMessage", "", [&] { return fk::Variant::Text(m_state->lastError); });
-    if (dispid == DISPID_CARTOMA_CBXAPPLICATIONS && (flags & fk::DISPATCH_PROPERTYGET))
+    if (dispid == kAppCBXApplications && (flags & fk::DISPATCH_PROPERTYGET))
       return m_state->Call("CBXApplications", "",
                            [&] { return fk::Variant::Object(std::make_shared<ApplicationsObject>(m_state)); });
     UnknownMember("The application", dispid, flags);

@@ -14,8 +14,8 @@
 #include <string>
 #include <vector>
 
+#include "dispatch_ids.h"
 #include "emulator.h"
-#include "host/cartoma_dispids.h"
 #include "platform/automation/bus_classes.h"
 #include "text_util.h"
 
@@ -94,7 +94,7 @@ int main(int argc, char** argv) {
   sim::Emulator emulator;
   if (!Configure(emulator, options)) return 1;
   std::string error;
-  auto server = fk::BusServer::Publish(CARTOMA_PROGID, emulator.Application(), &error, options.address);
+  auto server = fk::BusServer::Publish(sim::kHostProgId, emulator.Application(), &error, options.address);
   if (!server) {
     std::cerr << "cartoma-sim: " << error << "\n";
     return 1;
@@ -102,7 +102,7 @@ int main(int argc, char** argv) {
   GMainLoop* loop = g_main_loop_new(nullptr, FALSE);
   g_unix_signal_add(SIGINT, Quit, loop);
   g_unix_signal_add(SIGTERM, Quit, loop);
-  std::cerr << "cartoma-sim: serving " << CARTOMA_PROGID << "\n";
+  std::cerr << "cartoma-sim: serving " << sim::kHostProgId << "\n";
   g_main_loop_run(loop);
   server.reset();
   g_main_loop_unref(loop);

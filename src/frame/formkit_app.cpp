@@ -3,6 +3,7 @@
 #include "exchange/raster_tab_writer.h"
 #include "host/cartoma.h"
 #include "host/product_variant.h"
+#include "platform/app/module_guard.h"
 #include "platform/folders/folders.h"
 
 namespace {
@@ -65,8 +66,11 @@ int CFormkitApp::RewriteRasterTab(const std::string& tabPath, const std::string&
 }
 
 // The module starts once both globals stand: the framework calls InitInstance.
+// It runs while the host loads the library, so it fails soft: whatever it
+// throws is reported, the settings it could not read keep their defaults,
+// and the library stays usable.
 namespace {
 struct ModuleStart {
-  ModuleStart() { theApp.InitInstance(); }
+  ModuleStart() { fk::GuardedCall("the module's start", false, [] { return theApp.InitInstance(); }); }
 } s_moduleStart __attribute__((init_priority(1002)));
 }  // namespace

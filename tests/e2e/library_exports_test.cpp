@@ -1,12 +1,14 @@
 // The library loaded as a host loads it, with the emulator registered
 // through the host C API; the exports called by name as a script calls
-// them.
+// them, and what reaches the host in what order.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include "e2e/emulated_host.h"
 #include "formkit/formkit.h"
 
+using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 
 namespace {
@@ -31,6 +33,11 @@ class LibraryOnEmulator : public ::testing::Test {
     return FORMKIT_EXPORT(*this, CartomaEval)(m_handle, expression.c_str());
   }
   std::string LastError() { return FORMKIT_EXPORT(*this, CartomaLastError)(); }
+  std::vector<std::string> Calls() const {
+    std::vector<std::string> calls;
+    for (const sim::CallRecord& call : m_emulator.Calls()) calls.push_back(call.member + ": " + call.text);
+    return calls;
+  }
   bool Called(const std::string& member, const std::string& text) const {
     for (const sim::CallRecord& call : m_emulator.Calls())
       if (call.member == member && call.text == text) return true;
@@ -47,6 +54,11 @@ class LibraryOnEmulator : public ::testing::Test {
 };
 
 TEST_F(LibraryOnEmulator, ConnectingFindsTheProductScriptOfTheHost) {
+  EXPECT_EQ(FORMKIT_EXPORT(*this, ConnectToCartoma)(0), 0) << "no handle and no running host";
+  EXPECT_EQ(reinterpret_cast<void*>(FORMKIT_EXPORT(*this, ConnectToCartomaWithoutAppCheck)),
+            reinterpret_cast<void*>(FORMKIT_EXPORT(*this, ConnectToCartomaWithoutAppCheckDispatch)))
+      << "one entry under two names";
+  EXPECT_EQ(FORMKIT_EXPORT(*this, GetProcessID)(), getpid());
   EXPECT_EQ(FORMKIT_EXPORT(*this, ConnectToCartoma)(m_handle), 1);
   EXPECT_TRUE(Called("CBXApplications.Item", "terravik.cbx"));
   EXPECT_TRUE(Called("terravik.cbx CBXGlobals", ""));
@@ -72,15 +84,19 @@ TEST_F(LibraryOnEmulator, StatementsAndExpressionsRunOnRealTables) {
 }
 
 TEST_F(LibraryOnEmulator, AMalformedStatementGivesItsDescriptionAndTheNextStatementWorks) {
+  EXPECT_EQ(FORMKIT_EXPORT(*this, CartomaDo)(0, "Close All"), 1) << "no host: nothing to send, and no failure";
+  EXPECT_STREQ(FORMKIT_EXPORT(*this, CartomaEval)(0, "NumTables()"), "");
   EXPECT_EQ(Do("Open Tabel \"x.tab\""), 0);
   EXPECT_THAT(LastError(), HasSubstr("Syntax error near 'Tabel"));
-  EXPECT_TRUE(Called("LastErrorMessage", "")) << "the library reads the host's own text after a failure";
+  EXPECT_THAT(Calls(), ElementsAre("Do: Open Tabel \"x.tab\"", "LastErrorMessage: "))
+      << "the library reads the host's own text after a failure";
   EXPECT_EQ(Do("Close Table Holes"), 0);
   EXPECT_EQ(LastError(), "Table Holes is not open");
   EXPECT_EQ(Eval("TableInfo(Holes, 8)"), "");
   EXPECT_EQ(LastError(), "Table Holes is not open");
 
   EXPECT_EQ(Do("Dim p As Object"), 1);
+  EXPECT_EQ(LastError(), "Table Holes is not open") << "a success does not clear the last failure";
   EXPECT_EQ(Do("Create Point Into Variable p (1.5, -2.25)"), 1);
   EXPECT_EQ(Eval("ObjectGeography(p, 2)"), "-2.25");
 }
@@ -99,8 +115,24 @@ TEST_F(LibraryOnEmulator, ScriptsAnswerVariablesQueriesAndCommands) {
   EXPECT_EQ(std::string(query(m_handle, "terravik.cbx", "LAST PROJECTION NICENAME")), "UTM zone 55 South");
   EXPECT_EQ(std::string(query(m_handle, "terravik.cbx", "PROJECTION SELECTION")), "") << "nothing picked: cancelled";
 
+  EXPECT_EQ(std::string(variable(0, "terravik.cbx", "TerviDir")), "") << "no host, no script";
+  const char* kept = variable(m_handle, "terravik.cbx", "TerviDir");
+  query(m_handle, "terravik.cbx", "LAST PROJECTION NICENAME");
+  EXPECT_STREQ(kept, "/opt/terravik") << "a returned text stays until the same export is called again";
+
+  EXPECT_EQ(command(m_handle, "absent.cbx", "Go"), 0);
   EXPECT_EQ(command(m_handle, "utilities.cbx", "TerviDir = \"/srv/tv\""), 1);
   EXPECT_EQ(std::string(variable(m_handle, "utilities.cbx", "TerviDir")), "/srv/tv");
+  EXPECT_EQ(command(m_handle, "absent.cbx", "Go"), 1) << "once a command reached a script, 1 for good";
+  EXPECT_EQ(command(0, "absent.cbx", "Go"), 1);
+}
+
+TEST_F(LibraryOnEmulator, ExportsWithoutADialogLoadNoToolkit) {
+  Eval("NumTables()");
+  Do("Close All");
+  FORMKIT_EXPORT(*this, GetCBXVariable)(m_handle, "absent.cbx", "x");
+  const std::string maps = ReadFile("/proc/self/maps");
+  for (const char* toolkit : {"libwx_", "libgtk", "libformkit-wx"}) EXPECT_EQ(maps.find(toolkit), std::string::npos);
 }
 
 }  // namespace

@@ -2,12 +2,12 @@
 // reader and its audit (tests/exchange/check_dxf.py), with the entities,
 // colours, vertex counts, closed flags and coordinates compared with what
 // was written. Skipped when /usr/bin/python3 can't import ezdxf.
+#include <fmt/ranges.h>
 #include <gtest/gtest.h>
 
 #include <cstdio>
 #include <fstream>
 #include <random>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -22,40 +22,25 @@ constexpr const char* kPython = "/usr/bin/python3";
 
 using Points = std::vector<std::array<double, 3>>;
 
-// What one file should hold, as the JSON the checker reads.
+// What one file should hold, as the JSON the checker reads (numbers in
+// their shortest exact form).
 class Expectation {
  public:
   Expectation(std::string path, double tolerance) : m_path(std::move(path)), m_tolerance(tolerance) {}
 
   void Extents(const std::array<double, 3>& min, const std::array<double, 3>& max) {
-    m_header = ", \"$EXTMIN\": " + Json(min) + ", \"$EXTMAX\": " + Json(max);
+    m_header = fmt::format(R"(, "$EXTMIN": {}, "$EXTMAX": {})", min, max);
   }
   void Entity(const char* type, int color, const Points& points, bool closed = false) {
-    m_entities.push_back(std::string("{\"type\": \"") + type + "\", \"color\": " + std::to_string(color) +
-                         ", \"closed\": " + (closed ? "true" : "false") + ", \"points\": " + Json(points) + "}");
+    m_entities.push_back(fmt::format(R"({{"type": "{}", "color": {}, "closed": {}, "points": {}}})", type, color,
+                                     closed, points));
   }
   std::string Json() const {
-    std::string entities;
-    for (const std::string& entity : m_entities) entities += (entities.empty() ? "" : ", ") + entity;
-    std::ostringstream out;
-    out << "{\"path\": \"" << m_path << "\", \"tolerance\": " << m_tolerance << m_header << ", \"entities\": ["
-        << entities << "]}";
-    return out.str();
+    return fmt::format(R"({{"path": "{}", "tolerance": {}{}, "entities": [{}]}})", m_path, m_tolerance, m_header,
+                       fmt::join(m_entities, ", "));
   }
 
  private:
-  static std::string Json(const std::array<double, 3>& p) {
-    std::ostringstream out;
-    out.precision(17);
-    out << "[" << p[0] << ", " << p[1] << ", " << p[2] << "]";
-    return out.str();
-  }
-  static std::string Json(const Points& points) {
-    std::string json = "[";
-    for (const auto& p : points) json += (json.size() > 1 ? ", " : "") + Json(p);
-    return json + "]";
-  }
-
   std::string m_path;
   double m_tolerance;
   std::string m_header;
@@ -154,9 +139,9 @@ TEST_F(DXFPeerTest, FilesOfBothWritersReadBackAsWritten) {
     empty.CloseSelection();
   }
 
-  std::string json = "[";
-  for (const Expectation& file : m_files) json += (json.size() > 1 ? ",\n" : "") + file.Json();
-  const std::string expectations = m_folder.Write("expectations.json", json + "]\n");
+  std::vector<std::string> files;
+  for (const Expectation& file : m_files) files.push_back(file.Json());
+  const std::string expectations = m_folder.Write("expectations.json", fmt::format("[{}]\n", fmt::join(files, ",\n")));
   int status = -1;
   const std::string report = RunChecker(expectations, status);
   EXPECT_EQ(status, 0) << report;

@@ -3,10 +3,13 @@
 // script found in the host.
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "formkit/formkit.h"
 #include "frame/formkit_app.h"
 #include "host/cartoma.h"
 #include "platform/registry/registry.h"
+#include "support/formkit_library.h"
 #include "support/scripted_host.h"
 #include "support/session_fixture.h"
 
@@ -109,6 +112,24 @@ TEST_F(FormkitAppTest, ANamedProfileSwitchReadsThatProfile) {
   theApp.SwitchProfile("Custom");
   EXPECT_EQ(theApp.ProfileName(), "Custom");
   EXPECT_EQ(theApp.m_strGroupKey, "group-custom");
+}
+
+// The module starts while the host loads it. A registry it can't open leaves
+// the defaults: the library loads and its exports answer all the same.
+TEST(ModuleStartTest, ARegistryThatCantBeOpenedLeavesTheLibraryUsable) {
+  ScopedRegistry registry;
+  ScopedFolder folder;
+  std::filesystem::create_directories(folder.Path() + "/hive-is-a-folder/user.db");
+  folder.Write("not-a-database/user.db", "not a database");
+  const std::string registries[] = {folder.Write("a-file", "where the registry's folder should be"),
+                                    folder.Path() + "/hive-is-a-folder", folder.Path() + "/not-a-database"};
+  for (const std::string& unusable : registries) {
+    setenv("FORMKIT_REGISTRY_DIR", unusable.c_str(), 1);
+    FormkitLibrary library;  // a fresh module, started with this registry
+    EXPECT_EQ(FORMKIT_EXPORT(library, InitFormkitInstance)("Terravik"), 1) << unusable;
+    EXPECT_EQ(FORMKIT_EXPORT(library, SetRSSRegistry)(3), 1) << unusable;
+    EXPECT_EQ(FORMKIT_EXPORT(library, GetRSSRegistry)(), 7) << "nothing was written, the default stays: " << unusable;
+  }
 }
 
 }  // namespace

@@ -125,10 +125,8 @@ TEST_F(CatalogueTest, WindowsLayersAndSelection) {
   EXPECT_EQ(g_Cartoma.GetLayerType(1, 31), 0);
   EXPECT_EQ(g_Cartoma.GetSelectionName(), "Holes");
   EXPECT_EQ(g_Cartoma.GetSelectionCount(), 17);
-  g_bWindowGone = 0;
   m_host.Answers().Answer("WindowInfo(99, 3)", "");
-  EXPECT_EQ(g_Cartoma.GetWindowType(99), 0);
-  EXPECT_EQ(g_bWindowGone, 1);
+  EXPECT_EQ(g_Cartoma.GetWindowType(99), 0) << "a window that is gone answers nothing";
 }
 
 TEST_F(CatalogueTest, TheLastProjectionComesFromTheProductScript) {
@@ -170,35 +168,27 @@ class NodesTest : public CatalogueTest {
   std::vector<double> xs, ys;
 };
 
-TEST_F(NodesTest, ARectangleOrTextGivesItsClosedCornerRingAndArraysAreAppendedTo) {
-  for (const char* type : {"10", "6"}) {
-    xs.clear();
-    ys.clear();
-    m_host.Answers().Answer("ObjectInfo(o, 1)", type);
-    Geography(1, 2, 3, 4);
-    EXPECT_EQ(g_Cartoma.GetObjectNodes("o", xs, ys), 1);
-    EXPECT_THAT(xs, ElementsAre(1, 1, 3, 3, 1));
-    EXPECT_THAT(ys, ElementsAre(2, 4, 4, 2, 2));
+TEST_F(NodesTest, EachKindGivesItsNodesAppendedToTheArrays) {
+  Geography(1, 2, 3, 4);
+  const struct {
+    const char* type;
+    int result;
+    std::vector<double> xs, ys;
+  } cases[] = {
+      {"10", 1, {1, 1, 3, 3, 1}, {2, 4, 4, 2, 2}},  // a rectangle: its closed ring of corners
+      {"6", 1, {1, 1, 3, 3, 1}, {2, 4, 4, 2, 2}},   // a text: the same
+      {"3", 1, {1, 3}, {2, 4}},                     // a line: its ends
+      {"5", 1, {1}, {2}},                           // a point
+      {"11", 0, {}, {}},                            // a kind without nodes
+  };
+  for (const auto& c : cases) {
+    xs = {-1};
+    ys = {-1};
+    m_host.Answers().Answer("ObjectInfo(o, 1)", c.type);
+    EXPECT_EQ(g_Cartoma.GetObjectNodes("o", xs, ys), c.result) << c.type;
+    EXPECT_EQ(std::vector<double>(xs.begin() + 1, xs.end()), c.xs) << c.type << ": after what the array held";
+    EXPECT_EQ(std::vector<double>(ys.begin() + 1, ys.end()), c.ys) << c.type;
   }
-  EXPECT_EQ(g_Cartoma.GetObjectNodes("o", xs, ys), 1);
-  EXPECT_EQ(xs.size(), 10u);
-}
-
-TEST_F(NodesTest, LinesAndPointsAndUnknownKinds) {
-  m_host.Answers().Answer("ObjectInfo(o, 1)", "3");
-  Geography(5, 6, 7, 8);
-  EXPECT_EQ(g_Cartoma.GetObjectNodes("o", xs, ys), 1);
-  EXPECT_THAT(xs, ElementsAre(5, 7));
-  EXPECT_THAT(ys, ElementsAre(6, 8));
-
-  xs.clear();
-  ys.clear();
-  m_host.Answers().Answer("ObjectInfo(o, 1)", "5");
-  EXPECT_EQ(g_Cartoma.GetObjectNodes("o", xs, ys), 1);
-  EXPECT_THAT(xs, ElementsAre(5));
-
-  m_host.Answers().Answer("ObjectInfo(o, 1)", "11");
-  EXPECT_EQ(g_Cartoma.GetObjectNodes("o", xs, ys), 0);
   m_host.Answers().Fail("ObjectInfo(o, 1)", "Variable o not defined");
   EXPECT_EQ(g_Cartoma.GetObjectNodes("o", xs, ys), 0);
   EXPECT_EQ(xs.size(), 1u);

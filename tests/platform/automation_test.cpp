@@ -103,7 +103,8 @@ TEST(SafeArrayTest, KeepsElementTypeAndLowerBoundAndChecksIndexAndType) {
   texts.Append(Variant::Text("x"));
   texts.Append(Variant::Text("y"));
   EXPECT_THROW(texts.Append(Variant::Int(3)), OleException);
-  const SafeArray& kept = Variant::Array(texts, fk::VT_ARRAY).ToArray();
+  const Variant array = Variant::Array(texts, fk::VT_ARRAY);
+  const SafeArray& kept = array.ToArray();
   EXPECT_EQ(kept.ElementType(), fk::VT_BSTR);
   EXPECT_EQ(kept.UpperBound(), 2);
   EXPECT_EQ(kept.At(2).ToText(), "y");

@@ -1,6 +1,7 @@
-// Automation across processes on a private session bus: the host session
-// against a scripted host served over the bus, values, references and
-// objects on the wire, failures, and what the server keeps for its clients.
+// Automation across processes on a private session bus: values, references
+// and objects on the wire, failures, and what the server keeps for its
+// clients. The host session over the bus runs against the emulator's
+// program in tests/e2e/bus_program_test.cpp.
 #include <fmt/format.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -11,10 +12,8 @@
 #include "platform/automation/bus_classes.h"
 #include "platform/automation/bus_connection.h"
 #include "platform/automation/exceptions.h"
-#include "platform/automation/handle_table.h"
 #include "platform/automation/safe_array.h"
 #include "platform/private_bus.h"
-#include "support/scripted_host.h"
 #include "support/session_fixture.h"
 
 using ::testing::ElementsAre;
@@ -126,31 +125,6 @@ class BusTest : public SessionTest {
   std::shared_ptr<fk::RemoteClasses> m_classes;
 };
 
-TEST_F(BusTest, TheHostSessionRunsOverTheBus) {
-  ScriptedHost host;
-  host.AddScript("utilities.cbx");
-  host.Answers().Answer("NumTables()", "3");
-  host.Answers().Fail("Bad(", "Syntax error in Bad(");
-  Publish("Cartoma.Application", fk::HandleTable::Instance().Find(host.Handle()));
-
-  ASSERT_EQ(g_Cartoma.Connect(0, 1), 1);
-  EXPECT_TRUE(host.Visible());
-  EXPECT_EQ(g_Cartoma.m_nProductVariant, 3) << "found through the collection and script objects the host gave out";
-
-  int error = -1;
-  EXPECT_EQ(g_Cartoma.Eval("NumTables()", &error), "3");
-  EXPECT_EQ(error, 0);
-  EXPECT_EQ(g_Cartoma.Eval("Bad(", &error), "");
-  EXPECT_EQ(error, 1);
-  EXPECT_EQ(g_Cartoma.Do("Bad(", 1, &error), 0) << "the host's failure must arrive as DispatchException";
-  EXPECT_EQ(g_Cartoma.m_strLastError, "Syntax error in Bad(");
-  EXPECT_THAT(host.Transcript(),
-              ElementsAre("Visible = true", "CBXApplications", "CBXApplications.Item: terravik.cbx",
-                          "CBXApplications.Item: zelvar3d.cbx", "CBXApplications.Item: zelvar.cbx",
-                          "CBXApplications.Item: utilities.cbx", "utilities.cbx CBXGlobals", "Eval: NumTables()",
-                          "Eval: Bad(", "Do: Bad("));
-}
-
 TEST_F(BusTest, ANameWithoutAnOwnerGivesNoObject) {
   EXPECT_EQ(m_classes->GetActiveObject("Cartoma.Application"), nullptr);
   EXPECT_EQ(m_classes->CreateObject("Cartoma.Application"), nullptr) << "no service is installed for the name";
@@ -245,21 +219,15 @@ TEST_F(BusTest, ArraysNestedPastTheLimitAreRefusedAndTheServerStaysOnTheBus) {
   EXPECT_EQ(Describe(Call(remote, kEcho, {Variant::Int(2)})), "0003:2");
 }
 
-TEST_F(BusTest, TheServerKeepsAGivenObjectUntilItsProxyGoes) {
+TEST_F(BusTest, TheServerKeepsAGivenObjectUntilItsProxyOrItsClientGoes) {
   Publish("Test.Probe", std::make_shared<Probe>());
   fk::DispatchPtr remote = m_classes->GetActiveObject("Test.Probe");
   fk::DispatchPtr child = Call(remote, kChild).ToObject();
   ASSERT_TRUE(child);
   EXPECT_EQ(Describe(Call(child, kEcho, {Variant::Int(8)})), "0003:8");
   EXPECT_EQ(Probe::s_nLive, 2);
-
   child.reset();
   EXPECT_TRUE(PumpUntil(remote, [] { return Probe::s_nLive == 1; }));
-}
-
-TEST_F(BusTest, AClientThatLeavesTheBusLosesItsObjects) {
-  Publish("Test.Probe", std::make_shared<Probe>());
-  fk::DispatchPtr remote = m_classes->GetActiveObject("Test.Probe");
   {
     // Another client takes an object and disconnects without releasing it.
     auto other = fk::bus::BusConnection::Open({}, nullptr);

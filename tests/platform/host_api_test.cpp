@@ -15,6 +15,7 @@
 #include "platform/automation/exceptions.h"
 #include "platform/automation/handle_table.h"
 #include "platform/automation/safe_array.h"
+#include "platform/failing_allocation.h"
 
 using fk::Variant;
 using ::testing::ElementsAre;
@@ -254,4 +255,33 @@ TEST(HostApiTest, AReleaseCallbackMayCallBackIntoTheLibrary) {
   ASSERT_FALSE(WIFSIGNALED(status) && WTERMSIG(status) == SIGALRM) << "a release callback deadlocked";
   ASSERT_TRUE(WIFEXITED(status)) << "the child ended by signal " << WTERMSIG(status);
   EXPECT_EQ(WEXITSTATUS(status), 0) << "release counts differ";
+}
+
+TEST(HostApiTest, WithoutMemoryEveryCallGivesItsFailureValue) {
+  const std::string longText(200, 'x');  // too long to be kept without the heap
+  const char* text = nullptr;
+  const fk_value* element = nullptr;
+  int written[3] = {-1, -1, -1};
+  CallbackObject child;
+  CallbackObject object([&](fk_value* const* args, std::int32_t, fk_value* result, fk_error* error) {
+    const fk_object childTable = child.Table();
+    FailingAllocation failing;
+    text = fk_value_text(args[0]);
+    for (int i = 0; i < 16; ++i) element = fk_value_array_element(args[1], 0);  // past the room made beforehand
+    written[0] = fk_value_set_text(result, longText.c_str());
+    written[1] = fk_value_set_object(result, &childTable);
+    written[2] = fk_register_object(&childTable);
+    fk_fail(error, longText.c_str());
+    return 1;
+  });
+  fk::DispatchDriver driver;
+  const std::int32_t handle = RegisterAndBorrow(object, driver);
+  EXPECT_THROW(driver.InvokeMethod(1, {Variant::Text(longText), Variant::Array(fk::SafeArray::OfInts({1}))}),
+               fk::DispatchException)
+      << "the failure is reported, with the default description";
+  EXPECT_STREQ(text, "");
+  EXPECT_EQ(element, nullptr);
+  EXPECT_THAT(written, ElementsAre(0, 0, 0));
+  EXPECT_EQ(child.Releases(), 0) << "no object was made";
+  fk_revoke_object(handle);
 }

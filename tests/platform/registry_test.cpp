@@ -50,7 +50,7 @@ TEST(RegistryTest, ReadsNeverCreateAFile) {
     EXPECT_THAT(Registry::ValueNames(hive, "Software"), IsEmpty());
     EXPECT_FALSE(Registry::DeleteTree(hive, "Software"));
   }
-  EXPECT_TRUE(std::filesystem::is_empty(registry.Folder()));
+  EXPECT_TRUE(std::filesystem::is_empty(registry.Path()));
 }
 
 TEST(RegistryTest, DeleteTreeTakesTheKeyAndWhatIsBelowItOnly) {

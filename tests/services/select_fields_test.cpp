@@ -38,7 +38,7 @@ TEST_F(SelectFieldsTest, NamesStartInTheirListAndMovesReverseABlock) {
   EXPECT_THAT(m_flags, ElementsAre(0, 1, 1, 1, 0));
 }
 
-TEST_F(SelectFieldsTest, AllAndBackRestoresTheOrder) {
+TEST_F(SelectFieldsTest, AllAndBackRestoresTheOrderAndCancelLeavesTheFlags) {
   m_ui.OnDialog(CSelectFieldsDlg::IDD, [](HeadlessDialog& user) {
     user.Press(CSelectFieldsDlg::IDC_ADD_ALL);
     EXPECT_THAT(user.View().ListTexts(SELECTED), ElementsAre("Au_ppm", "holeid", "To", "From", "HoleID"));
@@ -50,18 +50,14 @@ TEST_F(SelectFieldsTest, AllAndBackRestoresTheOrder) {
   });
   EXPECT_EQ(SelectFieldsDialog(m_names, m_flags, 5), 1);
   EXPECT_THAT(m_flags, ElementsAre(1, 0, 0, 0, 1)) << "names equal ignoring case are both marked";
-}
 
-TEST_F(SelectFieldsTest, CancelLeavesTheFlagsAlone) {
   m_ui.OnDialog(CSelectFieldsDlg::IDD, [](HeadlessDialog& user) {
     user.Press(CSelectFieldsDlg::IDC_ADD_ALL);
     user.Press(fk::ui::IDCANCEL);
   });
   EXPECT_EQ(SelectFieldsDialog(m_names, m_flags, 5), 0);
-  EXPECT_THAT(m_flags, ElementsAre(0, 0, 0, 1, 0));
-
   EXPECT_EQ(SelectFieldsDialog(m_names, m_flags, 5), 0) << "a box nobody answers is closed as cancelled";
-  ASSERT_EQ(m_ui.Ran().size(), 2u);
+  EXPECT_THAT(m_flags, ElementsAre(1, 0, 0, 0, 1));
   EXPECT_EQ(m_ui.Ran().back().result, fk::ui::IDCANCEL);
 }
 

@@ -8,7 +8,6 @@
 #include "formkit/formkit.h"
 #include "frame/formkit_app.h"
 #include "host/cartoma.h"
-#include "support/scoped_app_data.h"
 #include "support/session_fixture.h"
 
 namespace {

@@ -26,9 +26,15 @@ void StoreLastCheck(const std::string& text) {
 class NewsFeedTest : public SessionTest {
  protected:
   void TearDown() override {
-    if (g_nFeedTimer) fk::KillTimer(g_nFeedTimer);
-    g_nFeedTimer = 0;
+    CheckStarted();
     SessionTest::TearDown();
+  }
+  // Whether a check was started (its timer is stopped here).
+  static bool CheckStarted() {
+    const bool started = g_nFeedTimer != 0;
+    if (started) fk::KillTimer(g_nFeedTimer);
+    g_nFeedTimer = 0;
+    return started;
   }
 };
 
@@ -57,30 +63,24 @@ TEST_F(NewsFeedTest, TheIntervalIsWholeDaysPerProduct) {
 }
 
 TEST_F(NewsFeedTest, TheCheckIsDueWhenTheIntervalHasPassed) {
-  EXPECT_EQ(DisplayNewFeedsAfter(FEED_TIMER_DELAY_MS), true) << "never checked: due";
-  EXPECT_NE(g_nFeedTimer, 0u);
-  fk::KillTimer(g_nFeedTimer);
-  g_nFeedTimer = 0;
-
-  StoreLastCheck(fk::FormatOleDate(fk::CurrentOleDate() - 6 - 23 * kHour));
-  EXPECT_EQ(DisplayNewFeeds(), 1);
-  EXPECT_EQ(g_nFeedTimer, 0u) << "6 days 23 hours ago, interval 7: not due";
-
-  StoreLastCheck(fk::FormatOleDate(fk::CurrentOleDate() - 7 - kHour));
-  EXPECT_EQ(DisplayNewFeeds(), 1);
-  EXPECT_NE(g_nFeedTimer, 0u);
-  fk::KillTimer(g_nFeedTimer);
-  g_nFeedTimer = 0;
-
-  StoreLastCheck("last Tuesday");
-  EXPECT_EQ(DisplayNewFeeds(), 1);
-  EXPECT_NE(g_nFeedTimer, 0u) << "a date that doesn't parse makes the check due at once";
-  fk::KillTimer(g_nFeedTimer);
-  g_nFeedTimer = 0;
-
+  EXPECT_EQ(DisplayNewFeedsAfter(FEED_TIMER_DELAY_MS), true);
+  EXPECT_TRUE(CheckStarted()) << "never checked: due";
+  const struct {
+    std::string lastCheck;
+    bool due;
+  } cases[] = {
+      {fk::FormatOleDate(fk::CurrentOleDate() - 6 - 23 * kHour), false},  // interval 7
+      {fk::FormatOleDate(fk::CurrentOleDate() - 7 - kHour), true},
+      {"last Tuesday", true},  // a date that doesn't parse: due at once
+  };
+  for (const auto& c : cases) {
+    StoreLastCheck(c.lastCheck);
+    EXPECT_EQ(DisplayNewFeeds(), 1);
+    EXPECT_EQ(CheckStarted(), c.due) << c.lastCheck;
+  }
   ASSERT_EQ(SetRSSRegistry(0), 1);
   EXPECT_EQ(DisplayNewFeeds(), 0) << "an interval of 0 turns the check off";
-  EXPECT_EQ(g_nFeedTimer, 0u);
+  EXPECT_FALSE(CheckStarted());
 }
 
 TEST_F(NewsFeedTest, TheTimerRecordsTheCheckThenStartsTheCompanionProgram) {

@@ -6,7 +6,6 @@
 
 #include "formkit/formkit.h"
 #include "settings/preference_file.h"
-#include "support/scoped_app_data.h"
 #include "support/session_fixture.h"
 
 namespace {

@@ -1,16 +1,14 @@
-// The products' registry values: keys per variant, defaults, formats, and
-// writers that run in several processes at once.
+// The products' registry values: keys per variant, defaults and formats.
+// Writers in several processes at once are tested on the store itself
+// (tests/platform/registry_test.cpp).
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include "formkit/formkit.h"
 #include "host/cartoma.h"
 #include "platform/registry/registry.h"
 #include "settings/last_version.h"
 #include "settings/open_grids.h"
-#include "settings/registry_values.h"
 #include "support/scripted_host.h"
 #include "support/session_fixture.h"
 
@@ -79,33 +77,6 @@ TEST_F(RegistrySettingsTest, OpenGridsAreListedBesideTheirTables) {
   fk::Registry::SetString(kUser, "Software\\Orvex\\Terravik\\Messages", "GRID_LIST", "stale");
   EXPECT_EQ(SaveAllOpenGridsInRegistry(), 1);
   EXPECT_EQ(Stored("Software\\Orvex\\Terravik\\Messages", "GRID_LIST"), "") << "no grid open: the empty text";
-}
-
-TEST_F(RegistrySettingsTest, TwoProcessesWritingAtOnceLoseNoValue) {
-  constexpr int kValues = 40;
-  pid_t writers[2];
-  for (int writer = 0; writer < 2; ++writer) {
-    writers[writer] = fork();
-    ASSERT_GE(writers[writer], 0);
-    if (writers[writer] == 0) {
-      int failures = 0;
-      for (int i = 0; i < kValues; ++i) {
-        const std::string name = "Value" + std::to_string(writer) + "_" + std::to_string(i);
-        failures += !WriteVariantValue(VariantKey::Setup, i % 4, name.c_str(), std::to_string(i));
-      }
-      _exit(failures == 0 ? 0 : 1);
-    }
-  }
-  for (pid_t writer : writers) {
-    int status = 0;
-    ASSERT_EQ(waitpid(writer, &status, 0), writer);
-    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << "every write reported success";
-  }
-  for (int writer = 0; writer < 2; ++writer)
-    for (int i = 0; i < kValues; ++i) {
-      const std::string name = "Value" + std::to_string(writer) + "_" + std::to_string(i);
-      EXPECT_EQ(ReadVariantValue(VariantKey::Setup, i % 4, name.c_str()), std::to_string(i)) << name;
-    }
 }
 
 }  // namespace

@@ -6,7 +6,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "host/cartoma_dispids.h"
 #include "platform/automation/dispatch_driver.h"
 #include "platform/automation/exceptions.h"
 
@@ -15,13 +14,25 @@ using ::testing::HasSubstr;
 
 namespace {
 
+// The host's members by dispatch id, as the host publishes them.
+constexpr std::int32_t kAppVisible = 0x60010005;
+constexpr std::int32_t kAppDo = 0x6001000B;
+constexpr std::int32_t kAppEval = 0x6001000C;
+constexpr std::int32_t kAppLastErrorMessage = 0x60010009;
+constexpr std::int32_t kAppCBXApplications = 0x6001000A;
+constexpr std::int32_t kItem = 0;  // of both collections
+constexpr std::int32_t kScriptDo = 0x60010005;
+constexpr std::int32_t kScriptEval = 0x60010006;
+constexpr std::int32_t kScriptCBXGlobals = 0x60010004;
+constexpr std::int32_t kGlobalValue = 0;
+
 class EmulatorObject : public ::testing::Test {
  protected:
   void SetUp() override { m_app.AttachDispatch(m_emulator.Application()); }
   std::string Eval(const std::string& expression) {
-    return m_app.InvokeMethod(DISPID_CARTOMA_EVAL, {Variant::Text(expression)}).ToText();
+    return m_app.InvokeMethod(kAppEval, {Variant::Text(expression)}).ToText();
   }
-  void Do(const std::string& statement) { m_app.InvokeMethod(DISPID_CARTOMA_DO, {Variant::Text(statement)}); }
+  void Do(const std::string& statement) { m_app.InvokeMethod(kAppDo, {Variant::Text(statement)}); }
 
   sim::Emulator m_emulator;
   fk::DispatchDriver m_app;
@@ -34,10 +45,10 @@ TEST_F(EmulatorObject, FailuresCarryTheHostsDescriptionAndAreRemembered) {
   } catch (const fk::DispatchException& e) {
     EXPECT_EQ(e.Description(), "Table Holes is not open");
   }
-  EXPECT_EQ(m_app.GetProperty(DISPID_CARTOMA_LASTERRORMESSAGE).ToText(), "Table Holes is not open");
+  EXPECT_EQ(m_app.GetProperty(kAppLastErrorMessage).ToText(), "Table Holes is not open");
   EXPECT_THROW(Eval("1 +"), fk::DispatchException);
   EXPECT_EQ(Eval("1 + 2 * 3"), "7");
-  EXPECT_THAT(m_app.GetProperty(DISPID_CARTOMA_LASTERRORMESSAGE).ToText(), HasSubstr("Syntax error"))
+  EXPECT_THAT(m_app.GetProperty(kAppLastErrorMessage).ToText(), HasSubstr("Syntax error"))
       << "a success doesn't clear the last error";
   EXPECT_THROW(m_app.InvokeMethod(0x12345), fk::DispatchException);
 
@@ -52,29 +63,29 @@ TEST_F(EmulatorObject, FailuresCarryTheHostsDescriptionAndAreRemembered) {
 
 TEST_F(EmulatorObject, VisibleIsAPropertyToPut) {
   EXPECT_FALSE(m_emulator.Visible());
-  m_app.SetProperty(DISPID_CARTOMA_VISIBLE, Variant::Bool(true));
+  m_app.SetProperty(kAppVisible, Variant::Bool(true));
   EXPECT_TRUE(m_emulator.Visible());
 }
 
 TEST_F(EmulatorObject, ScriptsAndGlobalsAreReachedThroughTheirCollections) {
   m_emulator.SetGlobal("zelvar.cbx", "TerviDir", "/opt/z");
   fk::DispatchDriver apps, script, globals, global;
-  apps.AttachDispatch(m_app.GetProperty(DISPID_CARTOMA_CBXAPPLICATIONS).ToObject());
-  EXPECT_EQ(apps.InvokeMethod(DISPID_COLLECTION_ITEM, {Variant::Text("terravik.cbx")}).ToObject(), nullptr);
-  script.AttachDispatch(apps.InvokeMethod(DISPID_COLLECTION_ITEM, {Variant::Text("ZELVAR.CBX")}).ToObject());
+  apps.AttachDispatch(m_app.GetProperty(kAppCBXApplications).ToObject());
+  EXPECT_EQ(apps.InvokeMethod(kItem, {Variant::Text("terravik.cbx")}).ToObject(), nullptr);
+  script.AttachDispatch(apps.InvokeMethod(kItem, {Variant::Text("ZELVAR.CBX")}).ToObject());
   ASSERT_TRUE(script.Get()) << "script names compare ignoring case";
-  globals.AttachDispatch(script.GetProperty(DISPID_SCRIPT_CBXGLOBALS).ToObject());
-  EXPECT_EQ(globals.InvokeMethod(DISPID_COLLECTION_ITEM, {Variant::Text("Other")}).ToObject(), nullptr);
-  global.AttachDispatch(globals.InvokeMethod(DISPID_COLLECTION_ITEM, {Variant::Text("TerviDir")}).ToObject());
-  EXPECT_EQ(global.GetProperty(DISPID_GLOBAL_VALUE).ToText(), "/opt/z");
+  globals.AttachDispatch(script.GetProperty(kScriptCBXGlobals).ToObject());
+  EXPECT_EQ(globals.InvokeMethod(kItem, {Variant::Text("Other")}).ToObject(), nullptr);
+  global.AttachDispatch(globals.InvokeMethod(kItem, {Variant::Text("TerviDir")}).ToObject());
+  EXPECT_EQ(global.GetProperty(kGlobalValue).ToText(), "/opt/z");
 
-  script.InvokeMethod(DISPID_SCRIPT_DO, {Variant::Text("TerviDir = \"/srv\"")});
-  script.InvokeMethod(DISPID_SCRIPT_DO, {Variant::Text("Refresh the legend")});
-  EXPECT_EQ(global.GetProperty(DISPID_GLOBAL_VALUE).ToText(), "/srv");
+  script.InvokeMethod(kScriptDo, {Variant::Text("TerviDir = \"/srv\"")});
+  script.InvokeMethod(kScriptDo, {Variant::Text("Refresh the legend")});
+  EXPECT_EQ(global.GetProperty(kGlobalValue).ToText(), "/srv");
   EXPECT_EQ(m_emulator.GetHost().RunningScripts().Find("zelvar.cbx")->commands.size(), 2u);
-  EXPECT_EQ(script.InvokeMethod(DISPID_SCRIPT_EVAL, {Variant::Text("TerviDir")}).ToText(), "/srv");
+  EXPECT_EQ(script.InvokeMethod(kScriptEval, {Variant::Text("TerviDir")}).ToText(), "/srv");
   try {
-    script.InvokeMethod(DISPID_SCRIPT_EVAL, {Variant::Text("WHAT TIME IS IT")});
+    script.InvokeMethod(kScriptEval, {Variant::Text("WHAT TIME IS IT")});
     FAIL() << "no failure raised";
   } catch (const fk::DispatchException& e) {
     EXPECT_EQ(e.Description(), "The script zelvar.cbx has no answer to \"WHAT TIME IS IT\"");

@@ -1,6 +1,7 @@
-// The statement language's grammar: every form the library sends parses,
-// forms no test sends parse too, and what is not in the grammar is a
-// syntax error that says where.
+// The statement language's grammar: every form the library sends parses to
+// its kind of statement over the right table or variable, forms no test
+// sends parse too, and what is not in the grammar is a syntax error that
+// says where.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -13,64 +14,121 @@ using ::testing::HasSubstr;
 
 namespace {
 
-TEST(Grammar, EveryStatementFormTheLibrarySendsParses) {
-  const char* statements[] = {
-      "Open Table \"/data/holes.tab\" As Holes Hide View Automatic",
-      "Open Table \"/data/x.tab\"",
-      "Close Table \"_TableSubset\"",
-      "Commit Table Holes",
-      "Commit Table Holes As \"/out/h.tab\" CoordSys Earth Projection 1, 104 Interactive",
-      "Commit Table Holes As \"/out/h.tab\" CoordSys Earth Projection 8, 116, \"m\", 147, 0, 0.9996, 500000, 10000000",
-      "Commit Table Holes As \"/out/h.tab\" CoordSys NonEarth Units \"m\" Bounds (0, 0) (1000, 1000)",
-      "Drop Table _CollarSubset",
-      "Pack Table Holes Graphic Data",
-      "Create Table _CollarSubset ( ID Char(50) )",
-      "Alter Table Holes (Add Grade Float)",
-      "SELECT * FROM Assays WHERE COL1 IN (SELECT COL1 FROM _CollarSubset) ORDER BY COL1, COL2 INTO _TableSubset "
-      "NoSelect",
-      "Insert Into _CollarSubset (ID) Values(\"DH1\")",
-      "Update Holes Set Grade = 1.5 Where RowID = 1",
-      "Update Holes Set Obj = _colorObj Where RowID = 3",
-      "Fetch Rec 7 From Holes",
-      "Set Table Holes FastEdit Off",
-      "Dim _TempObj As Object",
-      "Create Point Into Variable _TempObj (1.500000, -2.250000)",
-      "Set CoordSys Table Holes",
-      "Set CoordSys Earth Projection 1, 104",
-      "Set COORDSYS EARTH PROJECTION 1, 104",
-      "_colorObj = Holes.Obj",
-      "Alter Object _colorObj Info 2, MakePen(1,2,1193046)",
-      "Alter Object _colorObj Info 2, MakeFontSymbol(65,255,14,\"Arial\",0,45)",
-      "Alter Object _colorObj Info 3, MakeBrush(2,255,255)",
-      "Set Style Symbol (35,0,12)",
-      "Run Menu Command 102",
-      "Run Application \"/opt/app.cbx\"",
-      "Save Workspace As \"/tmp/w.wor\"",
-      "Metadata Table Holes SetKey \"\\Terravik\\xsects\\type\" To \"Section\"",
-      "Set ProgressBars Off",
-  };
-  for (const char* statement : statements) EXPECT_NO_THROW(ParseStatement(statement)) << statement;
+// The position of a kind of statement in the statement variant.
+template <typename Kind, std::size_t I = 0>
+constexpr std::size_t KindOf() {
+  if constexpr (std::is_same_v<std::variant_alternative_t<I, sim::Statement>, Kind>)
+    return I;
+  else
+    return KindOf<Kind, I + 1>();
 }
 
-TEST(Grammar, StatementsBeyondTheLibrarysTextsParseToo) {
-  const char* statements[] = {
-      "select HoleID, Depth * 2 As Twice from Holes, Collars where Holes.HoleID = Collars.HoleID and not Depth < 3 "
-      "order by Twice desc",
-      "Insert Into Copy (A, B) Select COL1, COL2 From Holes Where RowID In (1, 2, 3)",
-      "Delete From Holes Where Grade <> 0 Or UCase$(HoleID) = \"X\"",
-      "Create Region Into Variable r 2 4 (0,0) (10,0) (10,10) (0,10) 3 (2,2) (4,2) (3,4) Pen MakePen(2,2,255)",
-      "Create Pline Into Variable l Multiple 2 2 (0,0) (1,1) 3 (2,2) (3,3) (4,2)",
-      "Create Text Into Variable t \"Label\" (0,0) (10,2) Font MakeFont(\"Arial\",1,255,12)",
-      "Create Arc Into Variable a (0,0) (4,4) 0 90",
-      "Fetch Next From Holes",
-      "Map From Holes, Collars",
-      "Set Map Window FrontWindow() Layer 1 Editable On",
-      "Alter Table Holes (Add A Char (10), B Decimal (8, 2) Drop Grade Rename Depth DepthTo)",
-      "Metadata Table Holes DropKey \"\\Terravik\\x\"",
-      "Close All",
-      "Set Window FrontWindow() Printer Default Name \"Plotter\" Orientation Portrait Copies 1 Papersize 9",
+// What a statement acts on: the table it names, its target, its variable.
+std::string Subject(const sim::Statement& statement) {
+  return std::visit(
+      [](const auto& s) -> std::string {
+        if constexpr (requires { s.query.into; })
+          return s.query.into;
+        else if constexpr (requires { std::string(s.table); })
+          return s.table;
+        else if constexpr (requires { std::string(s.tables.front()); })
+          return s.tables.front();
+        else if constexpr (requires { std::string(s.variable); })
+          return s.variable;
+        else if constexpr (requires { std::string(s.name); })
+          return s.name;
+        else if constexpr (requires { std::string(s.names.front()); })
+          return s.names.front();
+        else if constexpr (requires { std::string(s.alias); })
+          return s.alias;
+        else
+          return "";
+      },
+      statement);
+}
+
+// "<kind> <subject>" of what the text parses to, or the syntax error.
+std::string Parsed(const char* text) {
+  try {
+    const sim::Statement statement = ParseStatement(text);
+    return std::to_string(statement.index()) + " " + Subject(statement);
+  } catch (const std::exception& e) {
+    return e.what();
+  }
+}
+
+struct Form {
+  const char* text;
+  std::size_t kind;
+  const char* subject;
+};
+
+TEST(Grammar, EveryStatementFormParsesToItsKindAndSubject) {
+  using namespace sim;
+  const Form forms[] = {
+      // What the library sends.
+      {"Open Table \"/data/holes.tab\" As Holes Hide View Automatic", KindOf<OpenTableStmt>(), "Holes"},
+      {"Open Table \"/data/x.tab\"", KindOf<OpenTableStmt>(), ""},
+      {"Close Table \"_TableSubset\"", KindOf<CloseTableStmt>(), "_TableSubset"},
+      {"Commit Table Holes", KindOf<CommitTableStmt>(), "Holes"},
+      {"Commit Table Holes As \"/out/h.tab\" CoordSys Earth Projection 1, 104 Interactive", KindOf<CommitTableStmt>(),
+       "Holes"},
+      {"Commit Table Holes As \"/out/h.tab\" CoordSys Earth Projection 8, 116, \"m\", 147, 0, 0.9996, 500000, 10000000",
+       KindOf<CommitTableStmt>(), "Holes"},
+      {"Commit Table Holes As \"/out/h.tab\" CoordSys NonEarth Units \"m\" Bounds (0, 0) (1000, 1000)",
+       KindOf<CommitTableStmt>(), "Holes"},
+      {"Drop Table _CollarSubset", KindOf<DropTableStmt>(), "_CollarSubset"},
+      {"Pack Table Holes Graphic Data", KindOf<PackTableStmt>(), "Holes"},
+      {"Create Table _CollarSubset ( ID Char(50) )", KindOf<CreateTableStmt>(), "_CollarSubset"},
+      {"Alter Table Holes (Add Grade Float)", KindOf<AlterTableStmt>(), "Holes"},
+      {"SELECT * FROM Assays WHERE COL1 IN (SELECT COL1 FROM _CollarSubset) ORDER BY COL1, COL2 INTO _TableSubset "
+       "NoSelect",
+       KindOf<SelectStmt>(), "_TableSubset"},
+      {"Insert Into _CollarSubset (ID) Values(\"DH1\")", KindOf<InsertStmt>(), "_CollarSubset"},
+      {"Update Holes Set Grade = 1.5 Where RowID = 1", KindOf<UpdateStmt>(), "Holes"},
+      {"Update Holes Set Obj = _colorObj Where RowID = 3", KindOf<UpdateStmt>(), "Holes"},
+      {"Fetch Rec 7 From Holes", KindOf<FetchStmt>(), "Holes"},
+      {"Set Table Holes FastEdit Off", KindOf<SetFastEditStmt>(), "Holes"},
+      {"Dim _TempObj As Object", KindOf<DimStmt>(), "_TempObj"},
+      {"Create Point Into Variable _TempObj (1.500000, -2.250000)", KindOf<CreateObjectStmt>(), "_TempObj"},
+      {"Set CoordSys Table Holes", KindOf<SetCoordSysStmt>(), "Holes"},
+      {"Set CoordSys Earth Projection 1, 104", KindOf<SetCoordSysStmt>(), ""},
+      {"Set COORDSYS EARTH PROJECTION 1, 104", KindOf<SetCoordSysStmt>(), ""},
+      {"_colorObj = Holes.Obj", KindOf<AssignStmt>(), "_colorObj"},
+      {"Alter Object _colorObj Info 2, MakePen(1,2,1193046)", KindOf<AlterObjectStmt>(), "_colorObj"},
+      {"Alter Object _colorObj Info 2, MakeFontSymbol(65,255,14,\"Arial\",0,45)", KindOf<AlterObjectStmt>(),
+       "_colorObj"},
+      {"Alter Object _colorObj Info 3, MakeBrush(2,255,255)", KindOf<AlterObjectStmt>(), "_colorObj"},
+      {"Set Style Symbol (35,0,12)", KindOf<SetStyleStmt>(), ""},
+      {"Run Menu Command 102", KindOf<RunMenuCommandStmt>(), ""},
+      {"Run Application \"/opt/app.cbx\"", KindOf<RunApplicationStmt>(), ""},
+      {"Save Workspace As \"/tmp/w.wor\"", KindOf<SaveWorkspaceStmt>(), ""},
+      {"Metadata Table Holes SetKey \"\\Terravik\\xsects\\type\" To \"Section\"", KindOf<MetadataStmt>(), "Holes"},
+      {"Set ProgressBars Off", KindOf<SetProgressBarsStmt>(), ""},
+      // Beyond the library's texts.
+      {"select HoleID, Depth * 2 As Twice from Holes, Collars where Holes.HoleID = Collars.HoleID and not Depth < 3 "
+       "order by Twice desc",
+       KindOf<SelectStmt>(), ""},
+      {"Insert Into Copy (A, B) Select COL1, COL2 From Holes Where RowID In (1, 2, 3)", KindOf<InsertStmt>(), "Copy"},
+      {"Delete From Holes Where Grade <> 0 Or UCase$(HoleID) = \"X\"", KindOf<DeleteStmt>(), "Holes"},
+      {"Create Region Into Variable r 2 4 (0,0) (10,0) (10,10) (0,10) 3 (2,2) (4,2) (3,4) Pen MakePen(2,2,255)",
+       KindOf<CreateObjectStmt>(), "r"},
+      {"Create Pline Into Variable l Multiple 2 2 (0,0) (1,1) 3 (2,2) (3,3) (4,2)", KindOf<CreateObjectStmt>(), "l"},
+      {"Create Text Into Variable t \"Label\" (0,0) (10,2) Font MakeFont(\"Arial\",1,255,12)",
+       KindOf<CreateObjectStmt>(), "t"},
+      {"Create Arc Into Variable a (0,0) (4,4) 0 90", KindOf<CreateObjectStmt>(), "a"},
+      {"Fetch Next From Holes", KindOf<FetchStmt>(), "Holes"},
+      {"Map From Holes, Collars", KindOf<MapFromStmt>(), "Holes"},
+      {"Set Map Window FrontWindow() Layer 1 Editable On", KindOf<SetMapLayerStmt>(), ""},
+      {"Alter Table Holes (Add A Char (10), B Decimal (8, 2) Drop Grade Rename Depth DepthTo)",
+       KindOf<AlterTableStmt>(), "Holes"},
+      {"Metadata Table Holes DropKey \"\\Terravik\\x\"", KindOf<MetadataStmt>(), "Holes"},
+      {"Close All", KindOf<CloseTableStmt>(), ""},
+      {"Set Window FrontWindow() Printer Default Name \"Plotter\" Orientation Portrait Copies 1 Papersize 9",
+       KindOf<SetWindowPrinterStmt>(), ""},
   };
-  for (const char* statement : statements) EXPECT_NO_THROW(ParseStatement(statement)) << statement;
+  for (const Form& form : forms)
+    EXPECT_EQ(Parsed(form.text), std::to_string(form.kind) + " " + form.subject) << form.text;
 }
 
 TEST(Grammar, TheParsedStatementKeepsItsParts) {

@@ -2,9 +2,21 @@
 
 #include <set>
 
-#include "host/cartoma_dispids.h"
-
 namespace {
+
+// The host's members by dispatch id, as the host publishes them.
+constexpr const char* kProgId = "Cartoma.Application";
+constexpr int32_t kAppVisible = 0x60010005;           // put bool
+constexpr int32_t kAppDo = 0x6001000B;                // method (statement)
+constexpr int32_t kAppEval = 0x6001000C;              // method (expression) -> text
+constexpr int32_t kAppLastErrorMessage = 0x60010009;  // get -> text
+constexpr int32_t kAppCBXApplications = 0x6001000A;   // get -> collection of scripts
+constexpr int32_t kApplicationsItem = 0;              // method (name) -> script
+constexpr int32_t kScriptDo = 0x60010005;             // method (statement)
+constexpr int32_t kScriptEval = 0x60010006;           // method (expression) -> text
+constexpr int32_t kScriptCBXGlobals = 0x60010004;     // get -> collection of globals
+constexpr int32_t kGlobalsItem = 0;                   // method (name) -> variable
+constexpr int32_t kGlobalValue = 0;                   // get -> text
 
 // The library may still hold a host object when the test's host is gone;
 // its last release then finds no host to count on.
@@ -91,12 +103,12 @@ const HostApi& ScriptedScript::Api() const { return m_host.Api(); }
 int ScriptedScript::Invoke(int32_t dispid, uint16_t flags, fk_value* const* args, int32_t count, fk_value* result,
                            fk_error* error) {
   std::string failure;
-  if (dispid == DISPID_SCRIPT_DO && flags == 1) {
+  if (dispid == kScriptDo && flags == 1) {
     const std::string statement = Arg(Api(), args, count, 0);
     m_host.Record(m_name + " Do: " + statement);
     return m_answers.DoAccepted(statement, failure) ? 0 : Raise(Api(), error, failure);
   }
-  if (dispid == DISPID_SCRIPT_EVAL && flags == 1) {
+  if (dispid == kScriptEval && flags == 1) {
     const std::string expression = Arg(Api(), args, count, 0);
     m_host.Record(m_name + " Eval: " + expression);
     std::string value;
@@ -104,7 +116,7 @@ int ScriptedScript::Invoke(int32_t dispid, uint16_t flags, fk_value* const* args
     Api().value_set_text(result, value.c_str());
     return 0;
   }
-  if (dispid == DISPID_SCRIPT_CBXGLOBALS && flags == 2) {
+  if (dispid == kScriptCBXGlobals && flags == 2) {
     m_host.Record(m_name + " CBXGlobals");
     Api().value_set_object(result, &m_globalsObject);
     return 0;
@@ -115,7 +127,7 @@ int ScriptedScript::Invoke(int32_t dispid, uint16_t flags, fk_value* const* args
 int ScriptedScript::InvokeGlobals(int32_t dispid, fk_value* const* args, int32_t count, fk_value* result) {
   const std::string name = Arg(Api(), args, count, 0);
   m_host.Record(m_name + " CBXGlobals.Item: " + name);
-  if (dispid != DISPID_COLLECTION_ITEM || !m_globals.contains(name)) return 0;  // no such variable: no object
+  if (dispid != kGlobalsItem || !m_globals.contains(name)) return 0;  // no such variable: no object
   auto& variable = m_variables[name];
   if (!variable) variable = std::make_unique<Variable>(Variable{this, name});
   const fk_object object = {variable.get(), InvokeVariable, nullptr};
@@ -128,7 +140,7 @@ int ScriptedScript::InvokeVariable(void* self, int32_t dispid, uint16_t flags, f
   auto* variable = static_cast<Variable*>(self);
   ScriptedScript& script = *variable->script;
   script.m_host.Record(script.m_name + "." + variable->name + " Value");
-  if (dispid != DISPID_GLOBAL_VALUE || flags != 2) return Raise(script.Api(), error, "Unknown member of a variable");
+  if (dispid != kGlobalValue || flags != 2) return Raise(script.Api(), error, "Unknown member of a variable");
   script.Api().value_set_text(result, script.m_globals[variable->name].c_str());
   return 0;
 }
@@ -156,14 +168,14 @@ ScriptedHost::~ScriptedHost() {
 }
 
 void ScriptedHost::Revoke() {
-  if (m_bRunning) m_api.revoke_active_object(CARTOMA_PROGID);
+  if (m_bRunning) m_api.revoke_active_object(kProgId);
   m_bRunning = false;
   if (m_handle) m_api.revoke_object(m_handle);
   m_handle = 0;
 }
 
 void ScriptedHost::RegisterAsRunning() {
-  m_bRunning = m_api.register_active_object(CARTOMA_PROGID, m_handle) == 1;
+  m_bRunning = m_api.register_active_object(kProgId, m_handle) == 1;
 }
 
 ScriptedScript& ScriptedHost::AddScript(const std::string& name) {
@@ -183,12 +195,12 @@ int ScriptedHost::Invoke(int32_t dispid, uint16_t flags, fk_value* const* args, 
                          fk_error* error) {
   std::string failure;
   switch (dispid) {
-    case DISPID_CARTOMA_VISIBLE:
+    case kAppVisible:
       if (flags != 4) break;
       m_bVisible = count > 0 && Api().value_bool(args[0]);
       Record(std::string("Visible = ") + (m_bVisible ? "true" : "false"));
       return 0;
-    case DISPID_CARTOMA_DO: {
+    case kAppDo: {
       if (flags != 1) break;
       const std::string statement = Arg(Api(), args, count, 0);
       Record("Do: " + statement);
@@ -196,7 +208,7 @@ int ScriptedHost::Invoke(int32_t dispid, uint16_t flags, fk_value* const* args, 
       m_strLastError = failure;
       return Raise(Api(), error, failure);
     }
-    case DISPID_CARTOMA_EVAL: {
+    case kAppEval: {
       if (flags != 1) break;
       const std::string expression = Arg(Api(), args, count, 0);
       Record("Eval: " + expression);
@@ -208,12 +220,12 @@ int ScriptedHost::Invoke(int32_t dispid, uint16_t flags, fk_value* const* args, 
       Api().value_set_text(result, value.c_str());
       return 0;
     }
-    case DISPID_CARTOMA_LASTERRORMESSAGE:
+    case kAppLastErrorMessage:
       if (flags != 2) break;
       Record("LastErrorMessage");
       Api().value_set_text(result, m_strLastError.c_str());
       return 0;
-    case DISPID_CARTOMA_CBXAPPLICATIONS:
+    case kAppCBXApplications:
       if (flags != 2) break;
       Record("CBXApplications");
       if (!m_bNoCollection) Api().value_set_object(result, &m_applicationsObject);
@@ -228,6 +240,6 @@ int ScriptedHost::InvokeApplications(int32_t dispid, fk_value* const* args, int3
   const std::string name = Arg(Api(), args, count, 0);
   Record("CBXApplications.Item: " + name);
   auto it = m_scripts.find(name);
-  if (dispid == DISPID_COLLECTION_ITEM && it != m_scripts.end()) Api().value_set_object(result, &it->second->m_object);
+  if (dispid == kApplicationsItem && it != m_scripts.end()) Api().value_set_object(result, &it->second->m_object);
   return 0;
 }

@@ -30,21 +30,16 @@ std::string ScopedFolder::Write(const std::string& name, const std::string& cont
   return path.string();
 }
 
-ScopedRegistry::ScopedRegistry() : m_folder(MakeTempFolder()) {
-  if (const char* previous = std::getenv("FORMKIT_REGISTRY_DIR")) {
-    m_previous = previous;
-    m_bHadPrevious = true;
-  }
-  setenv("FORMKIT_REGISTRY_DIR", m_folder.c_str(), 1);
+ScopedFolderVariable::ScopedFolderVariable(const char* variable) : m_variable(variable) {
+  if (const char* previous = std::getenv(variable)) m_previous = previous;
+  setenv(variable, Path().c_str(), 1);
 }
 
-ScopedRegistry::~ScopedRegistry() {
-  if (m_bHadPrevious)
-    setenv("FORMKIT_REGISTRY_DIR", m_previous.c_str(), 1);
+ScopedFolderVariable::~ScopedFolderVariable() {
+  if (m_previous)
+    setenv(m_variable, m_previous->c_str(), 1);
   else
-    unsetenv("FORMKIT_REGISTRY_DIR");
-  std::error_code ec;
-  std::filesystem::remove_all(m_folder, ec);
+    unsetenv(m_variable);
 }
 
 void ResetSession() {

@@ -1,23 +1,11 @@
-// Test fixtures: a private registry, and the host session of the linked
-// library put back to its state at module load.
+// Test fixtures: private folders, registry and application data, and the
+// host session of the linked library put back to its state at module load.
 #pragma once
 
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <string>
-
-// Points the registry at a fresh folder for the life of the object.
-class ScopedRegistry {
- public:
-  ScopedRegistry();
-  ~ScopedRegistry();
-  const std::string& Folder() const { return m_folder; }
-
- private:
-  std::string m_folder;
-  std::string m_previous;
-  bool m_bHadPrevious = false;
-};
 
 // A fresh folder, removed with everything in it at the end.
 class ScopedFolder {
@@ -30,6 +18,31 @@ class ScopedFolder {
 
  private:
   std::string m_path;
+};
+
+// A fresh folder that the environment variable `variable` names while the
+// object lives; the variable's value before comes back after.
+class ScopedFolderVariable : public ScopedFolder {
+ public:
+  explicit ScopedFolderVariable(const char* variable);
+  ~ScopedFolderVariable();
+  ScopedFolderVariable(const ScopedFolderVariable&) = delete;
+  ScopedFolderVariable& operator=(const ScopedFolderVariable&) = delete;
+
+ private:
+  const char* m_variable;
+  std::optional<std::string> m_previous;
+};
+
+// The registry in a fresh folder.
+struct ScopedRegistry : ScopedFolderVariable {
+  ScopedRegistry() : ScopedFolderVariable("FORMKIT_REGISTRY_DIR") {}
+};
+
+// The application data folder ($XDG_CONFIG_HOME) in a fresh folder, so that
+// settings files of parallel tests don't meet.
+struct ScopedAppData : ScopedFolderVariable {
+  ScopedAppData() : ScopedFolderVariable("XDG_CONFIG_HOME") {}
 };
 
 // Empties g_Cartoma, its connection and the statement queue before and after

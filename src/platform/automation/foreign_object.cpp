@@ -83,29 +83,34 @@ DispatchPtr MakeForeignObject(const fk_object& object) {
 // ------------------------------------------------------------------ the C view of values
 namespace {
 
+// A C caller can take no exception: whatever a call on a value throws, a
+// failed allocation included, becomes that call's failure value.
+template <typename T, typename F>
+T OrFailure(T failure, F&& body) noexcept {
+  try {
+    return body();
+  } catch (...) {
+    return failure;
+  }
+}
+
 template <typename T, typename F>
 T ReadOr(const fk_value* value, T fallback, F read) {
   if (!value || !value->view) return fallback;
-  try {
-    return read(*value->view);
-  } catch (const fk::Exception&) {
-    return fallback;
-  }
+  return OrFailure(fallback, [&] { return read(*value->view); });
 }
 
 template <typename F>
 int Write(fk_value* value, F make) {
   if (!value || !value->target) return 0;
-  try {
+  return OrFailure(0, [&] {
     fk::Variant made = make();
     if (value->target->IsByRef())
       value->target->Assign(made);
     else
       *value->target = std::move(made);
     return 1;
-  } catch (const fk::Exception&) {
-    return 0;
-  }
+  });
 }
 
 const fk::SafeArray* ArrayOf(const fk_value* value) {
@@ -133,11 +138,13 @@ double fk_value_double(const fk_value* value) {
 const char* fk_value_text(const fk_value* value) {
   if (!value) return "";
   auto* self = const_cast<fk_value*>(value);
-  std::string text = ReadOr<std::string>(value, {}, [](const fk::Variant& v) { return v.ToText(); });
-  // A text handed out earlier in the call stays as it was, even when the
-  // value has been written since.
-  if (self->texts.empty() || self->texts.back() != text) self->texts.push_back(std::move(text));
-  return self->texts.back().c_str();
+  return OrFailure<const char*>("", [&] {
+    std::string text = ReadOr<std::string>(value, {}, [](const fk::Variant& v) { return v.ToText(); });
+    // A text handed out earlier in the call stays as it was, even when the
+    // value has been written since.
+    if (self->texts.empty() || self->texts.back() != text) self->texts.push_back(std::move(text));
+    return self->texts.back().c_str();
+  });
 }
 
 uint16_t fk_value_array_element_type(const fk_value* value) {
@@ -159,9 +166,11 @@ const fk_value* fk_value_array_element(const fk_value* value, int32_t index) {
   const fk::SafeArray* array = ArrayOf(value);
   if (!array || index < array->LowerBound() || index > array->UpperBound()) return nullptr;
   auto* self = const_cast<fk_value*>(value);
-  fk_value& element = self->elements.emplace_back();
-  element.view = &array->At(index);
-  return &element;
+  return OrFailure<const fk_value*>(nullptr, [&] {
+    fk_value& element = self->elements.emplace_back();
+    element.view = &array->At(index);
+    return &element;
+  });
 }
 
 int fk_value_set_empty(fk_value* value) {
@@ -193,7 +202,11 @@ int fk_value_set_object(fk_value* value, const fk_object* object) {
 void fk_fail(fk_error* error, const char* description) {
   if (!error) return;
   error->failed = true;
-  error->description = description ? description : "";
+  // Without memory for the text, the failure keeps the default description.
+  OrFailure(false, [&] {
+    error->description = description ? description : "";
+    return true;
+  });
 }
 
 }  // extern "C"

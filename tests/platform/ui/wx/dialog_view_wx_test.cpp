@@ -142,7 +142,7 @@ TEST_F(DialogViewWxTest, ListControlsHaveColumnsRowsChecksAndData) {
     EXPECT_EQ(report.GetItemState(2, wxLIST_STATE_SELECTED), wxLIST_STATE_SELECTED);
     user::Screenshot(box, "every-control");
 
-    user::CheckRow(box, REPORT, 3, true);
+    report.CheckItem(3, true);  // by the user
     DialogView& view = m_dialog.ItsView();
     EXPECT_TRUE(view.ListCtrlCheck(REPORT, 3));
     EXPECT_EQ(view.ListCtrlData(REPORT, 3), 12);
@@ -186,7 +186,7 @@ TEST_F(DialogViewWxTest, FaultsOfTheDialogBoxCodeThrowAsWithoutAScreen) {
 TEST_F(DialogViewWxTest, CloseBoxAndEscapeAreCancelAndTheCodeDecides) {
   m_dialog.refuseCancel = 2;
   m_dialogs.Use([](wxDialog& box) {
-    user::CloseBox(box);
+    box.Close();  // the close box
     EXPECT_TRUE(box.IsModal()) << "the code refused";
     user::PressEscape(box);
     EXPECT_TRUE(box.IsModal());

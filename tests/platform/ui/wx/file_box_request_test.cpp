@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+#include <utility>
+
 namespace {
 
 using namespace fk::ui;
@@ -16,23 +19,19 @@ TEST(FileBoxRequest, TheWildcardDropsTheClosingBarsAndEveryFileNeedsNoPoint) {
   EXPECT_EQ(WildcardFromFilter(""), "");
 }
 
-TEST(FileBoxRequest, TheStartingEntryCountsFromOneAndFallsBackToTheFirst) {
+TEST(FileBoxRequest, TheStartingEntryCountsFromOneAndTheStartNameSplitsAtItsLastSlash) {
   const std::string wildcard = "Table|*.tab|All|*";
   EXPECT_EQ(WildcardEntryCount(wildcard), 2);
-  EXPECT_EQ(WildcardIndex(wildcard, 1), 0);
-  EXPECT_EQ(WildcardIndex(wildcard, 2), 1);
-  EXPECT_EQ(WildcardIndex(wildcard, 0), 0);
-  EXPECT_EQ(WildcardIndex(wildcard, 3), 0);
+  for (const auto& [index, entry] : {std::pair{1, 0}, {2, 1}, {0, 0}, {3, 0}})
+    EXPECT_EQ(WildcardIndex(wildcard, index), entry) << index;
   EXPECT_EQ(WildcardIndex("", 2), 0);
-}
-
-TEST(FileBoxRequest, TheStartNameSplitsAtItsLastSlash) {
-  EXPECT_EQ(SplitStartName("/data/v2/holes.tab").folder, "/data/v2");
-  EXPECT_EQ(SplitStartName("/data/v2/holes.tab").name, "holes.tab");
-  EXPECT_EQ(SplitStartName("/holes.tab").folder, "/");
-  EXPECT_EQ(SplitStartName("holes.tab").folder, "");
-  EXPECT_EQ(SplitStartName("holes.tab").name, "holes.tab");
-  EXPECT_EQ(SplitStartName("/data/").name, "");
+  for (const auto& [start, folder, name] : {std::tuple{"/data/v2/holes.tab", "/data/v2", "holes.tab"},
+                                            {"/holes.tab", "/", "holes.tab"},
+                                            {"holes.tab", "", "holes.tab"},
+                                            {"/data/", "/data", ""}}) {
+    EXPECT_EQ(SplitStartName(start).folder, folder) << start;
+    EXPECT_EQ(SplitStartName(start).name, name) << start;
+  }
 }
 
 TEST(FileBoxRequest, TheDefaultExtensionGoesOnlyToANameWithoutOne) {

@@ -1,23 +1,15 @@
 #include "private_display.h"
 
 #include <fcntl.h>
+#include <glib.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <cstdlib>
-#include <filesystem>
-#include <sstream>
+#include <memory>
 #include <string>
 
 namespace {
-
-bool OnPath(const std::string& program) {
-  const char* path = std::getenv("PATH");
-  std::istringstream folders(path ? path : "/usr/bin:/bin");
-  for (std::string folder; std::getline(folders, folder, ':');)
-    if (!folder.empty() && access((std::filesystem::path(folder) / program).c_str(), X_OK) == 0) return true;
-  return false;
-}
 
 // The server writes the display number it took, then a newline, to `fd`.
 std::string ReadDisplayNumber(int fd) {
@@ -62,7 +54,8 @@ const PrivateDisplay& PrivateDisplay::Get() {
 PrivateDisplay::PrivateDisplay() { Start(); }
 
 void PrivateDisplay::Start() {
-  if (!OnPath("Xvfb")) {
+  const std::unique_ptr<gchar, decltype(&g_free)> xvfb(g_find_program_in_path("Xvfb"), g_free);
+  if (!xvfb) {
     m_strProblem = "Xvfb is not installed (Debian package xvfb)";
     return;
   }

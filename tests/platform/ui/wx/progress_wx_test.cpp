@@ -56,6 +56,15 @@ TEST_F(ProgressWxTest, FourLinesAboveTheBarAndButtonCentredOnTheDisplay) {
                                           (PrivateDisplay::kHeight - window.GetSize().y) / 2));
 }
 
+TEST_F(ProgressWxTest, TheWindowOpensWhereTheUserLeftIt) {
+  {
+    CProgressWnd progress;
+    Window().Move(120, 90);  // by the user
+  }
+  CProgressWnd again;
+  EXPECT_EQ(Window().GetPosition(), wxPoint(120, 90));
+}
+
 TEST_F(ProgressWxTest, TheLoopMovesTheBarAndTheCancelButtonStopsIt) {
   int done = 0;
   {
@@ -118,26 +127,10 @@ TEST_F(ProgressWxTest, EscapeCancelsOnlyWhenItCountsAndTheCloseBoxAlways) {
     EXPECT_TRUE(progress.Cancelled());
   }
   CProgressWnd closed;
-  user::CloseBox(Window());
+  Window().Close();  // the close box
   EXPECT_TRUE(Window().IsShown()) << "the close box asks; the loop decides";
   closed.PeekAndPump(false);
   EXPECT_TRUE(closed.Cancelled());
-}
-
-TEST_F(ProgressWxTest, TheWindowOpensWhereItStoodLastTimeIfThatIsOnTheDisplay) {
-  theApp.WriteProfileInt("Settings", "X", 40);
-  theApp.WriteProfileInt("Settings", "Y", 30);
-  {
-    CProgressWnd progress;
-    EXPECT_EQ(Window().GetPosition(), wxPoint(40, 30));
-    Window().Move(120, 90);  // moved by the user
-  }
-  EXPECT_EQ(theApp.GetProfileInt("Settings", "X", -1), 120);
-  EXPECT_EQ(theApp.GetProfileInt("Settings", "Y", -1), 90);
-
-  theApp.WriteProfileInt("Settings", "X", PrivateDisplay::kWidth + 10);
-  CProgressWnd offTheDisplay;
-  EXPECT_EQ(Window().GetPosition().x, (PrivateDisplay::kWidth - Window().GetSize().x) / 2);
 }
 
 }  // namespace

@@ -65,7 +65,7 @@ TEST_F(PropertySheetWxTest, PagesWorkForTheirOwnCodeAndOKAsksEveryPage) {
 }
 
 TEST_F(PropertySheetWxTest, CancelAndTheCloseBoxAskEveryPageAndAPageCanEndTheSheet) {
-  m_dialogs.Use([](wxDialog& sheet) { user::CloseBox(sheet); });
+  m_dialogs.Use([](wxDialog& sheet) { sheet.Close(); });  // the close box
   EXPECT_EQ(Run(), fk::ui::IDCANCEL);
   EXPECT_THAT(m_first.calls, ElementsAre("init", "cancel"));
   EXPECT_THAT(m_second.calls, ElementsAre("init", "cancel"));

@@ -1,7 +1,6 @@
-// The field selection box on screen: through the export of a loaded
-// libformkit.so that chose the toolkit itself, and through the backend.
-// Moves take the source from its last entry to its first, as without a
-// screen.
+// The field selection box on screen, through the export of a loaded
+// libformkit.so that chose the toolkit itself. The box's own rules are
+// tested without a screen (tests/services/select_fields_test.cpp).
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <wx/dialog.h>
@@ -51,28 +50,6 @@ TEST_F(SelectFieldsWxTest, TheExportChoosesTheToolkitAndMovesABlockInReverse) {
   EXPECT_EQ(selectFields(m_names, m_flags, 5), 1);
   EXPECT_THAT(m_flags, ElementsAre(0, 1, 1, 1, 0));
   unsetenv("FORMKIT_UI");
-}
-
-TEST_F(SelectFieldsWxTest, AllAndBackRestoresTheOrderAndTheCloseBoxLeavesTheFlags) {
-  m_dialogs.Use([](wxDialog& box) {
-    user::Press(box, CSelectFieldsDlg::IDC_ADD_ALL);
-    EXPECT_THAT(user::Entries(box, SELECTED), ElementsAre("Au_ppm", "holeid", "To", "From", "HoleID"));
-    EXPECT_THAT(user::Entries(box, AVAILABLE), ElementsAre());
-    user::Press(box, CSelectFieldsDlg::IDC_REMOVE_ALL);
-    EXPECT_THAT(user::Entries(box, AVAILABLE), ElementsAre("HoleID", "From", "To", "holeid", "Au_ppm"));
-    user::SelectEntries(box, AVAILABLE, {0});
-    user::Press(box, CSelectFieldsDlg::IDC_ADD);
-    user::Press(box, fk::ui::IDOK);
-  });
-  EXPECT_EQ(SelectFieldsDialog(m_names, m_flags, 5), 1);
-  EXPECT_THAT(m_flags, ElementsAre(1, 0, 0, 0, 1)) << "names equal ignoring case are both marked";
-
-  m_dialogs.Use([](wxDialog& box) {
-    user::Press(box, CSelectFieldsDlg::IDC_ADD_ALL);
-    user::CloseBox(box);
-  });
-  EXPECT_EQ(SelectFieldsDialog(m_names, m_flags, 5), 0);
-  EXPECT_THAT(m_flags, ElementsAre(1, 0, 0, 0, 1));
 }
 
 }  // namespace

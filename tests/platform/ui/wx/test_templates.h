@@ -1,6 +1,7 @@
-// Dialog templates made for the toolkit tests: a box with a control of
-// every kind the dialog view knows, and two pages for a property sheet.
-// They are given to the backend the way the library gives its own.
+// Dialog templates made for the toolkit tests (templates/<id>.xrc): a box
+// with a control of every kind the dialog view knows, and two pages for a
+// property sheet. They are given to the backend the way the library gives
+// its own.
 #pragma once
 
 #include "platform/ui/dialog_template.h"

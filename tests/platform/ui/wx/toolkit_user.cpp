@@ -8,7 +8,6 @@
 #include <wx/dcclient.h>
 #include <wx/evtloop.h>
 #include <wx/listbox.h>
-#include <wx/listctrl.h>
 #include <wx/radiobut.h>
 #include <wx/toplevel.h>
 #include <wx/uiaction.h>
@@ -103,11 +102,6 @@ void Click(wxWindow& root, int id) {
   }
 }
 
-void CheckRow(wxWindow& root, int id, int row, bool checked) {
-  auto& list = As<wxListCtrl>(root, id);
-  list.CheckItem(row, checked);
-}
-
 bool MouseClick(wxWindow& target, wxWindow& witness) {
   AwaitDrawing(*dynamic_cast<wxTopLevelWindow*>(wxGetTopLevelParent(&target)));
   wxUIActionSimulator pointer;
@@ -126,8 +120,6 @@ bool MouseClick(wxWindow& target, wxWindow& witness) {
   witness.Unbind(wxEVT_MOTION, seen);
   return simulated;
 }
-
-void CloseBox(wxTopLevelWindow& window) { window.Close(); }
 
 void PressEscape(wxWindow& window) {
   wxKeyEvent event(wxEVT_CHAR_HOOK);

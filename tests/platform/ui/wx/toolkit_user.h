@@ -20,8 +20,6 @@ void PressButton(wxWindow& button);
 void SelectEntries(wxWindow& root, int id, const std::vector<int>& indices);
 void ChooseCombo(wxWindow& root, int id, int index);
 void Click(wxWindow& root, int id);  // a check box or radio button
-void CheckRow(wxWindow& root, int id, int row, bool checked);
-void CloseBox(wxTopLevelWindow& window);
 void PressEscape(wxWindow& window);
 
 // Clicks `target` with the pointer, through the X server's input (not an

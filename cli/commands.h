@@ -17,6 +17,7 @@ void AddContourCommand(CLI::App& app, const GlobalOptions& options);
 void AddRegisterImageCommand(CLI::App& app, const GlobalOptions& options);
 void AddFieldsCommand(CLI::App& app, const GlobalOptions& options);
 void AddSettingsCommand(CLI::App& app, const GlobalOptions& options);
+void AddColorObjectsCommand(CLI::App& app, const GlobalOptions& options);
 
 // Runs `work` when `command` is chosen, with the terminal set up for the
 // options: headless dialog boxes, message boxes and progress on standard

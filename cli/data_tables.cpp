@@ -6,7 +6,10 @@
 #include <filesystem>
 #include <set>
 
+#include <strings.h>
+
 #include "cli_errors.h"
+#include "host/cartoma.h"
 
 namespace cli {
 namespace fs = std::filesystem;
@@ -69,6 +72,17 @@ std::vector<TableFile> FindTableFiles(const std::vector<std::string>& paths) {
       throw UsageError("--data: no such file or folder: " + path);
   }
   return tables;
+}
+
+std::vector<std::string> ColumnsOfOpenTable(const std::string& table) {
+  std::vector<std::string> tables;
+  g_Cartoma.GetTableNames(tables);
+  if (std::none_of(tables.begin(), tables.end(),
+                   [&](const std::string& t) { return strcasecmp(t.c_str(), table.c_str()) == 0; }))
+    throw UsageError("no table named " + table + " is open (open it with --data)");
+  std::vector<std::string> columns;
+  g_Cartoma.GetColumnNames(table, columns, 0);
+  return columns;
 }
 
 }  // namespace cli

@@ -19,6 +19,10 @@ struct TableFile {
 // to open.
 std::vector<TableFile> FindTableFiles(const std::vector<std::string>& paths);
 
+// The columns of an open table of the host; UsageError when no table of
+// that name (in any letter case) is open.
+std::vector<std::string> ColumnsOfOpenTable(const std::string& table);
+
 // A file's name as a host table name: letters, digits and "_", not
 // beginning with a digit.
 std::string TableNameOf(const std::string& path);

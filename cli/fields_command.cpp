@@ -9,8 +9,8 @@
 
 #include "cli_errors.h"
 #include "commands.h"
+#include "data_tables.h"
 #include "formkit/formkit.h"
-#include "host/cartoma.h"
 #include "host_session.h"
 #include "platform/ui/dialog_controller.h"
 #include "platform/ui/headless/headless_ui.h"
@@ -25,16 +25,6 @@ struct FieldsOptions {
 };
 
 bool SameName(const std::string& a, const std::string& b) { return strcasecmp(a.c_str(), b.c_str()) == 0; }
-
-std::vector<std::string> ColumnsOf(const std::string& table) {
-  std::vector<std::string> tables;
-  g_Cartoma.GetTableNames(tables);
-  if (std::none_of(tables.begin(), tables.end(), [&](const std::string& t) { return SameName(t, table); }))
-    throw UsageError("no table named " + table + " is open (open it with --data)");
-  std::vector<std::string> columns;
-  g_Cartoma.GetColumnNames(table, columns, 0);
-  return columns;
-}
 
 void RequireColumns(const std::vector<std::string>& columns, const std::vector<std::string>& select,
                     const std::string& table) {
@@ -60,7 +50,7 @@ void ChooseAndAccept(fk::ui::HeadlessDialog& box, const std::vector<std::string>
 
 void RunFields(const GlobalOptions& global, const FieldsOptions& options) {
   HostSession session(global);
-  const std::vector<std::string> columns = ColumnsOf(options.table);
+  const std::vector<std::string> columns = ColumnsOfOpenTable(options.table);
   RequireColumns(columns, options.select, options.table);
   fk::ui::DefaultHeadlessUi().OnDialog(
       CSelectFieldsDlg::IDD, [select = options.select](fk::ui::HeadlessDialog& box) { ChooseAndAccept(box, select); });

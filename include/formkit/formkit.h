@@ -65,6 +65,14 @@ FK_API int Contour(const double *const *d, int32_t ilb, int32_t iub, int32_t jlb
             const double *y, int32_t nc, const double *z,
             void (*line)(double x1, double y1, double x2, double y2, double level));
 
+/* Object colours of `table` to three columns (apply 0) or back from them,
+   each colour byte times its factor (apply non-zero), on the table itself
+   when `outputPath` is its path, else on a copy there. Mode 0: the whole
+   colour, 1: bytes 0 and 2 exchanged, 2: one byte per column. Works on the
+   host session that an earlier export connected. */
+FK_API int ColorTableObjects(const char *table, const char *outputPath, const char *column1, const char *column2,
+            const char *column3, float factor1, float factor2, float factor3, int32_t mode, int32_t apply);
+
 /* Settings. `value` and `directory` out-buffers belong to the caller, who
    makes them large enough: the whole text is copied (a setting's value is
    at most 1023 characters). */

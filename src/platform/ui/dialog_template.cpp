@@ -59,6 +59,8 @@ struct TemplateReader {
     const int owner = reader->objects.back();
     if (owner == -2 && reader->element == "title") reader->result->title.assign(text, length);
     if (owner >= 0 && reader->element == "label") reader->result->controls[owner].label.assign(text, length);
+    if (owner >= 0 && reader->element == "style" && std::string_view(text, length).find("_SORT") != std::string_view::npos)
+      reader->result->controls[owner].sorted = true;
   }
 };
 

@@ -11,6 +11,7 @@ namespace fk::ui {
 struct TemplateControl {
   std::string kind;   // the toolkit class of the control, e.g. "wxListBox"
   std::string label;  // its text in the template
+  bool sorted = false;  // a list or combo box that keeps its entries sorted (wxLB_SORT, wxCB_SORT)
 };
 
 struct DialogTemplate {

@@ -181,8 +181,8 @@ TEST_F(SessionOnEmulator, ObjectsOfEveryKindGiveTheirNodesAsTheLibraryReadsThem)
     EXPECT_TRUE(g_Cartoma.ObjectToVariable("o", "Objects"));
     return g_Cartoma.GetObjectNodes("o", xs, ys);
   };
-  const int kinds[] = {5, 5, 3, 4, 7, 8, 9, 2, 1, 10, 6};
-  for (int row = 0; row < 11; ++row) {
+  const int kinds[] = {5, 5, 3, 4, 7, 8, 9, 2, 1, 10, 0, 6};  // the 11th row has no object
+  for (int row = 0; row < 12; ++row) {
     ASSERT_TRUE(g_Cartoma.FetchRow("Objects", row));
     ASSERT_TRUE(g_Cartoma.ObjectToVariable("o", "Objects"));
     EXPECT_EQ(g_Cartoma.GetObjectType("o"), kinds[row]) << "row " << row;

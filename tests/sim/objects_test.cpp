@@ -117,7 +117,8 @@ TEST_F(Objects, ObjectsGoIntoTableRowsInTheTablesSystem) {
   EXPECT_EQ(Eval("ObjectGeography(o, 2)"), "0.25");
   Do("Insert Into Sites (Name) Values(\"B\")");
   Do("Fetch Rec 2 From Sites");
-  EXPECT_EQ(DoError("o = Sites.Obj"), "Row 2 of table Sites has no object");
+  Do("o = Sites.Obj");
+  EXPECT_EQ(DoError("Print ObjectInfo(o, 1)"), "The first argument of ObjectInfo holds no object");
 }
 
 }  // namespace

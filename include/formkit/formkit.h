@@ -56,6 +56,14 @@ FK_API int DXFPolyline(const double *x, const double *y, const double *z, int32_
 FK_API int DXFRegion(const double *x, const double *y, const double *z, int32_t count);
 FK_API int DXFClose(void);
 
+/* Exchange with mining packages and handheld tables: each shows its
+   dialog box over the host's tables (`dispatch` as for ConnectToCartoma)
+   and returns 1 when the box ended with OK, its work done, else 0. */
+FK_API int DatamineExport(int32_t dispatch);
+FK_API int MineSightExport(int32_t dispatch);
+FK_API int OGBImport(int32_t dispatch);
+FK_API int ConvertHotlinks(int32_t dispatch);
+
 /* Pictures: width and height in pixels; 1, or 0 with both left as they were. */
 FK_API int GetPictureSize(const char *file, int32_t *width, int32_t *height);
 

@@ -17,6 +17,9 @@ void AddContourCommand(CLI::App& app, const GlobalOptions& options);
 void AddRegisterImageCommand(CLI::App& app, const GlobalOptions& options);
 void AddFieldsCommand(CLI::App& app, const GlobalOptions& options);
 void AddSettingsCommand(CLI::App& app, const GlobalOptions& options);
+void AddExportCommand(CLI::App& app, const GlobalOptions& options);
+void AddImportCommand(CLI::App& app, const GlobalOptions& options);
+void AddHotlinksCommand(CLI::App& app, const GlobalOptions& options);
 
 // Runs `work` when `command` is chosen, with the terminal set up for the
 // options: headless dialog boxes, message boxes and progress on standard

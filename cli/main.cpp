@@ -48,6 +48,9 @@ int main(int argc, char** argv) {
   cli::AddRegisterImageCommand(app, options);
   cli::AddFieldsCommand(app, options);
   cli::AddSettingsCommand(app, options);
+  cli::AddExportCommand(app, options);
+  cli::AddImportCommand(app, options);
+  cli::AddHotlinksCommand(app, options);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& e) {

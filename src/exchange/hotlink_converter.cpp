@@ -1,15 +1,14 @@
 #include "exchange/hotlink_converter.h"
 
+#include "exchange/progress_step.h"
 #include "host/cartoma.h"
 #include "platform/paths/paths.h"
 #include "platform/text/format.h"
 #include "platform/text/letter_case.h"
 #include "platform/text/string_table.h"
-#include "services/progress_wnd.h"
 
 namespace {
 
-constexpr unsigned IDS_OPERATION_ABORTED = 2053;
 constexpr unsigned IDS_CONVERTING_HOTLINKS = 2060;
 constexpr unsigned IDS_CONVERT_PROGRESS = 2071;
 
@@ -57,12 +56,7 @@ int ConvertLinks(const std::string& table, const std::vector<std::string>& field
   progress.SetText("%s", fk::FormatString(IDS_CONVERTING_HOTLINKS, {table}));
   const int count = g_Cartoma.GetTableRowCount(table);
   for (long record = 1; record <= count; ++record) {
-    progress.StepIt();
-    progress.PeekAndPump(true);
-    if (progress.Cancelled()) {
-      message = fk::LoadString(IDS_OPERATION_ABORTED);
-      return 0;
-    }
+    if (CancelledAtStep(progress, message)) return 0;
     g_Cartoma.FetchRec(table, record);
     const std::string row = fk::Format("%ld", record);
     for (const std::string& field : fields)

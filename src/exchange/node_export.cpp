@@ -1,16 +1,15 @@
 #include "exchange/node_export.h"
 
+#include "exchange/progress_step.h"
 #include "host/cartoma.h"
 #include "platform/text/number_parse.h"
 #include "platform/text/string_table.h"
-#include "services/progress_wnd.h"
 
 namespace {
 
 constexpr unsigned IDS_COULD_NOT_CREATE_FILE = 2029;
 constexpr unsigned IDS_COULD_NOT_LOAD_OBJECT = 2030;
 constexpr unsigned IDS_SKIPPING_ROW = 2031;
-constexpr unsigned IDS_OPERATION_ABORTED = 2053;
 constexpr unsigned IDS_EXPORT_PROGRESS = 2070;
 
 // The host variable that holds the object of the fetched row.
@@ -49,12 +48,7 @@ int ExportTableNodes(const NodeExportOptions& options, NodeFileFormat& format, s
   std::vector<std::string> values(options.attributes.size());
   std::vector<double> xs, ys;
   for (long record = 1; record <= count; ++record) {
-    progress.StepIt();
-    progress.PeekAndPump(true);
-    if (progress.Cancelled()) {
-      message = fk::LoadString(IDS_OPERATION_ABORTED);
-      return 0;
-    }
+    if (CancelledAtStep(progress, message)) return 0;
     g_Cartoma.FetchRec(options.table, record);
     if (!g_Cartoma.ObjectToVariable(kObjectVariable, options.table)) {
       message = fk::LoadString(IDS_COULD_NOT_LOAD_OBJECT);

@@ -4,6 +4,9 @@
 
 #include <algorithm>
 
+#include "cli_errors.h"
+#include "host/cartoma.h"
+
 namespace cli {
 namespace {
 bool SameName(const std::string& a, const std::string& b) { return strcasecmp(a.c_str(), b.c_str()) == 0; }
@@ -29,6 +32,16 @@ std::vector<std::string> Missing(const std::vector<std::string>& available, cons
     if (std::none_of(available.begin(), available.end(), [&](const std::string& a) { return SameName(a, name); }))
       missing.push_back(name);
   return missing;
+}
+
+void RequireTableWithColumns(const std::vector<std::string>& tables, const std::string& table,
+                             const std::vector<std::string>& columns) {
+  if (!Missing(tables, {table}).empty())
+    throw UsageError("no table of objects named " + table + " is open (open it with --data)");
+  std::vector<std::string> present;
+  g_Cartoma.GetColumnNames(table, present, 0);
+  if (const std::vector<std::string> missing = Missing(present, columns); !missing.empty())
+    throw UsageError("table " + table + " has no column " + missing.front());
 }
 
 }  // namespace cli

@@ -15,5 +15,9 @@ int ComboEntry(const fk::ui::DialogView& view, int id, const std::string& text);
 std::vector<int> ListEntries(const fk::ui::DialogView& view, int id, const std::vector<std::string>& texts);
 // The names in `wanted` that `available` doesn't hold, ignoring case.
 std::vector<std::string> Missing(const std::vector<std::string>& available, const std::vector<std::string>& wanted);
+// UsageError unless `table` is among the `tables` that a box lists and has
+// every one of `columns`.
+void RequireTableWithColumns(const std::vector<std::string>& tables, const std::string& table,
+                             const std::vector<std::string>& columns);
 
 }  // namespace cli

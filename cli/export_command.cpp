@@ -31,15 +31,11 @@ struct ExportOptions {
 };
 
 void RequireTableAndColumns(const ExportOptions& options) {
-  std::vector<std::string> tables, columns;
+  std::vector<std::string> tables;
   g_Cartoma.GetVectorTableNames(tables);
-  if (!Missing(tables, {options.table}).empty())
-    throw UsageError("no table of objects named " + options.table + " is open (open it with --data)");
-  g_Cartoma.GetColumnNames(options.table, columns, 0);
   std::vector<std::string> wanted = options.attributes;
   if (!options.zColumn.empty()) wanted.push_back(options.zColumn);
-  if (const std::vector<std::string> missing = Missing(columns, wanted); !missing.empty())
-    throw UsageError("table " + options.table + " has no column " + missing.front());
+  RequireTableWithColumns(tables, options.table, wanted);
 }
 
 // The user's part: every control as the options say, then OK.

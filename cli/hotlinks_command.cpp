@@ -25,13 +25,9 @@ struct HotlinksOptions {
 };
 
 void RequireTableAndFields(const HotlinksOptions& options) {
-  std::vector<std::string> tables, columns;
+  std::vector<std::string> tables;
   g_Cartoma.GetMappableTableNames(tables);
-  if (!Missing(tables, {options.table}).empty())
-    throw UsageError("no table of objects named " + options.table + " is open (open it with --data)");
-  g_Cartoma.GetColumnNames(options.table, columns, 0);
-  if (const std::vector<std::string> missing = Missing(columns, options.fields); !missing.empty())
-    throw UsageError("table " + options.table + " has no column " + missing.front());
+  RequireTableWithColumns(tables, options.table, options.fields);
 }
 
 void FillAndAccept(fk::ui::HeadlessDialog& box, const HotlinksOptions& options) {

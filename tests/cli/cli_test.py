@@ -88,6 +88,9 @@ class BadInput(unittest.TestCase):
         (["register-image", "notes.txt", "--bounds", "0", "0", "1", "1", "-o", "n.tab"], 1, "cannot read the size"),
         (["register-image", "grid.tif", "--bounds", "0", "0", "1", "1", "--transparent", "red"], 2, "--transparent"),
         (["--product", "Nope", "settings", "show"], 2, "Nope not in"),
+        (["--data", "t.csv", "export", "datamine", "t", "-o", "t.txt"], 2, "no table of objects named t is open"),
+        (["import", "ogb", "missing.ogb", "--coordsys", "1, 104"], 2, "no such georeference file: missing.ogb"),
+        (["import", "ogb", "strip.ogb", "--coordsys", "1, 104"], 1, "Unsupported OGB Type(Quad Strip)"),
     ]
 
     def test_each_gives_its_exit_code_and_one_line_and_leaves_no_file(self):
@@ -100,6 +103,8 @@ class BadInput(unittest.TestCase):
                 notes.write("not a grid\n")
             with open(os.path.join(folder, "t.csv"), "w") as table:
                 table.write("Hole,Depth2\nA,1\n")
+            with open(os.path.join(folder, "strip.ogb"), "w") as ogb:
+                ogb.write("GeoReferenceImage Begin\nImage = a.jpg\nGeometry = Quad_Strip_H\n")
             before = sorted(os.listdir(folder))
             for args, code, words in self.CASES:
                 with self.subTest(args=args):

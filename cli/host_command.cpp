@@ -14,10 +14,25 @@ namespace cli {
 namespace {
 
 struct HostOptions {
-  std::vector<std::string> texts;  // statements, and expressions behind "?", in order
   std::string file;
-  std::vector<std::string> statements, expressions;  // as parsed; `texts` keeps their order
+  std::vector<std::string> statements, expressions;
+  CLI::Option* statementOption = nullptr;
+  CLI::Option* expressionOption = nullptr;
 };
+
+// Statements, and expressions behind "?", in the order of the command line:
+// the options' values come grouped by option, their order from the parse.
+std::vector<std::string> TextsInOrder(const CLI::App& command, const HostOptions& host) {
+  std::vector<std::string> texts;
+  std::size_t statement = 0, expression = 0;
+  for (const CLI::Option* option : command.parse_order()) {
+    if (option == host.statementOption && statement < host.statements.size())
+      texts.push_back(host.statements[statement++]);
+    else if (option == host.expressionOption && expression < host.expressions.size())
+      texts.push_back("?" + host.expressions[expression++]);
+  }
+  return texts;
+}
 
 bool IsBlankOrComment(const std::string& line) {
   const std::size_t first = line.find_first_not_of(" \t\r");
@@ -45,10 +60,10 @@ void RunLines(HostSession& host, std::istream& in, const std::string& source) {
   }
 }
 
-void RunHost(const GlobalOptions& options, const HostOptions& host) {
+void RunHost(const GlobalOptions& options, const HostOptions& host, const std::vector<std::string>& texts) {
   HostSession session(options);
-  if (!host.texts.empty()) {
-    for (const std::string& text : host.texts)
+  if (!texts.empty()) {
+    for (const std::string& text : texts)
       if (!IsBlankOrComment(text)) RunText(session, text);
   } else if (!host.file.empty() && host.file != "-") {
     std::ifstream in(host.file, std::ios::binary);
@@ -65,20 +80,19 @@ void AddHostCommand(CLI::App& app, const GlobalOptions& options) {
   auto host = std::make_shared<HostOptions>();
   CLI::App* command = app.add_subcommand(
       "host", "Run host statements and expressions (\"?EXPR\" prints the value of EXPR) on the host");
-  command
-      ->add_option("-c", host->statements, "A statement, or ?EXPRESSION (repeatable; -c and -e run in the order given)")
-      ->type_name("TEXT")
-      ->each([host](const std::string& text) { host->texts.push_back(text); });
-  command->add_option("-e", host->expressions, "An expression whose value is printed (repeatable)")
-      ->type_name("EXPR")
-      ->each([host](const std::string& text) { host->texts.push_back("?" + text); });
+  host->statementOption =
+      command
+          ->add_option("-c", host->statements, "A statement, or ?EXPRESSION (repeatable; -c and -e run in the order given)")
+          ->type_name("TEXT");
+  host->expressionOption =
+      command->add_option("-e", host->expressions, "An expression whose value is printed (repeatable)")->type_name("EXPR");
   command->add_option("file", host->file,
                       "A file of statements and ?expressions, one a line ('-' or none: "
                       "standard input)");
   command->footer(
       Example("{formkit} --data {samples} host -e 'NumTables()' \\\n"
               "    -c 'Select HoleID, MaxDepth From collars Where MaxDepth > 150 Into Deep' -e 'TableInfo(Deep, 8)'"));
-  OnRun(command, options, [&options, host] { RunHost(options, *host); });
+  OnRun(command, options, [&options, host, command] { RunHost(options, *host, TextsInOrder(*command, *host)); });
 }
 
 }  // namespace cli

@@ -115,6 +115,16 @@ class BadInput(unittest.TestCase):
             self.assertEqual(sorted(os.listdir(folder)), before)
 
 
+class Host(unittest.TestCase):
+    def test_statements_and_expressions_run_in_the_order_given(self):
+        with tempfile.TemporaryDirectory() as folder:
+            with open(os.path.join(folder, "t.csv"), "w") as table:
+                table.write("Hole,Depth\nA,1\n")
+            result = run("--data", "t.csv", "host", "-e", "NumTables()", "-c", "Close Table t", "-e", "NumTables()",
+                         cwd=folder)
+            self.assertEqual(result.stdout.split(), ["1", "0"], result.stderr)
+
+
 class Help(unittest.TestCase):
     def test_every_subcommand_is_listed_and_its_example_works_when_pasted(self):
         listing = run("--help").stdout

@@ -11,7 +11,7 @@ namespace {
 
 // One argument through a printf format such as "s", "ld" or "5.2f".
 // A format that doesn't suit the argument shows the argument plainly.
-std::string FormatArg(const MessageArg& arg, const std::string& spec) {
+std::string FormatOneArg(const MessageArg& arg, const std::string& spec) {
   const std::string pattern = "%" + spec;
   return std::visit(
       [&](const auto& value) -> std::string {
@@ -55,7 +55,7 @@ std::string FormatMessageText(std::string_view pattern, std::span<const MessageA
         i = close;
       }
     }
-    if (number >= 1 && number <= args.size()) out += FormatArg(args[number - 1], spec);
+    if (number >= 1 && number <= args.size()) out += FormatOneArg(args[number - 1], spec);
   }
   return out;
 }

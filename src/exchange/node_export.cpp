@@ -28,6 +28,23 @@ void NoteSkippedRow(std::string& message, long record) {
   message += fk::FormatString(IDS_SKIPPING_ROW, {static_cast<long long>(record)});
 }
 
+// The fetched row's object, node by node, with the row's attribute values
+// and Z; false when the host gives the object no nodes.
+bool WriteRowNodes(const NodeExportOptions& options, NodeFileFormat& format, fk::TextWriter& file, long record,
+                   std::vector<std::string>& values) {
+  for (std::size_t i = 0; i < values.size(); ++i)
+    values[i] = format.AttributeField(g_Cartoma.GetFieldValue(options.table, options.attributes[i]));
+  const double z = RowZ(options) * options.multiplyZ + options.addZ;
+  std::vector<double> xs, ys;
+  if (!g_Cartoma.GetObjectNodes(kObjectVariable, xs, ys)) return false;
+  for (std::size_t n = 0; n < xs.size(); ++n)
+    format.WriteNode(file,
+                     {record, static_cast<int>(n + 1), options.multiplyX * xs[n] + options.addX,
+                      options.multiplyY * ys[n] + options.addY, z},
+                     values);
+  return true;
+}
+
 }  // namespace
 
 int ExportTableNodes(const NodeExportOptions& options, NodeFileFormat& format, std::string& message) {
@@ -46,7 +63,6 @@ int ExportTableNodes(const NodeExportOptions& options, NodeFileFormat& format, s
   const int count = g_Cartoma.GetTableRowCount(options.table);
   progress.SetRange(0, count, 1);
   std::vector<std::string> values(options.attributes.size());
-  std::vector<double> xs, ys;
   for (long record = 1; record <= count; ++record) {
     if (CancelledAtStep(progress, message)) return 0;
     g_Cartoma.FetchRec(options.table, record);
@@ -54,20 +70,7 @@ int ExportTableNodes(const NodeExportOptions& options, NodeFileFormat& format, s
       message = fk::LoadString(IDS_COULD_NOT_LOAD_OBJECT);
       return 0;
     }
-    for (std::size_t i = 0; i < values.size(); ++i)
-      values[i] = format.AttributeField(g_Cartoma.GetFieldValue(options.table, options.attributes[i]));
-    const double z = RowZ(options) * options.multiplyZ + options.addZ;
-    xs.clear();
-    ys.clear();
-    if (!g_Cartoma.GetObjectNodes(kObjectVariable, xs, ys)) {
-      NoteSkippedRow(message, record);
-      continue;
-    }
-    for (std::size_t n = 0; n < xs.size(); ++n)
-      format.WriteNode(file,
-                       {record, static_cast<int>(n + 1), options.multiplyX * xs[n] + options.addX,
-                        options.multiplyY * ys[n] + options.addY, z},
-                       values);
+    if (!WriteRowNodes(options, format, file, record, values)) NoteSkippedRow(message, record);
   }
   file.Close();
   return 1;

@@ -12,7 +12,7 @@ PACKAGES := cmake ninja-build pkg-config g++ binutils \
             libgdk-pixbuf-2.0-dev libgdal-dev gdal-bin libproj-dev python3-ezdxf \
             libcli11-dev python3-gdal python3-numpy \
             libwxgtk3.2-dev libgtk-3-dev xvfb xauth \
-            dbus gcovr
+            dbus gcovr nlohmann-json3-dev
 
 .PHONY: all deps configure build test demo bench coverage clean
 

@@ -13,17 +13,22 @@ std::string DescribeValue(const fk::Variant& value) {
   if (plain.Type() & fk::VT_ARRAY) {
     const fk::SafeArray& array = plain.ToArray();
     text += fmt::format("[{:x};{}|", array.ElementType(), array.LowerBound());
-    for (std::size_t i = 0; i < array.Count(); ++i)
-      text += (i ? "," : "") + DescribeValue(array.Elements()[i]);
+    for (std::size_t i = 0; i < array.Count(); ++i) text += (i ? "," : "") + DescribeValue(array.Elements()[i]);
     return text + "]";
   }
   switch (plain.Type() & 0xFFF) {
-    case fk::VT_EMPTY: return text;
-    case fk::VT_BSTR: return text + "\"" + plain.ToText() + "\"";
-    case fk::VT_BOOL: return text + (plain.ToBool() ? "true" : "false");
-    case fk::VT_I4: return text + std::to_string(plain.ToInt());
-    case fk::VT_R8: return text + fmt::format("{}", plain.ToDouble());
-    default: return text + "?";
+    case fk::VT_EMPTY:
+      return text;
+    case fk::VT_BSTR:
+      return text + "\"" + plain.ToText() + "\"";
+    case fk::VT_BOOL:
+      return text + (plain.ToBool() ? "true" : "false");
+    case fk::VT_I4:
+      return text + std::to_string(plain.ToInt());
+    case fk::VT_R8:
+      return text + fmt::format("{}", plain.ToDouble());
+    default:
+      return text + "?";
   }
 }
 

@@ -32,7 +32,8 @@ std::vector<std::string> ImageMembers(const std::string& ogbFile) {
     std::string value = line.substr(line.find('=', key) + 1);
     std::erase(value, '"');
     value = fk::TrimCharacters(value, " \t\r\n");
-    std::string title = value.substr(value.find_last_of("/\\") == std::string::npos ? 0 : value.find_last_of("/\\") + 1);
+    std::string title =
+        value.substr(value.find_last_of("/\\") == std::string::npos ? 0 : value.find_last_of("/\\") + 1);
     title = title.substr(0, title.rfind('.'));
     std::replace(title.begin(), title.end(), ' ', '_');
     members.push_back(title);
@@ -113,8 +114,7 @@ std::optional<int> Scene::FindDataset(const std::vector<std::string>& files, int
 }
 
 const Dataset* Scene::DatasetById(int id) const {
-  return id >= 1 && id <= static_cast<int>(m_datasets.size()) ? &m_datasets[static_cast<std::size_t>(id - 1)]
-                                                               : nullptr;
+  return id >= 1 && id <= static_cast<int>(m_datasets.size()) ? &m_datasets[static_cast<std::size_t>(id - 1)] : nullptr;
 }
 
 void Scene::AddSeries(int view, Series series) {

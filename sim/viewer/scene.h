@@ -15,8 +15,8 @@ namespace tv {
 
 struct SceneObject {
   int kind = 0;
-  std::string name;                 // the file, or the series' name
-  std::vector<std::int32_t> values; // the integers that came with it
+  std::string name;                         // the file, or the series' name
+  std::vector<std::int32_t> values;         // the integers that came with it
   std::vector<std::string> removedMembers;  // of an image file: members taken out of the view
 };
 

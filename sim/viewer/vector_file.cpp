@@ -10,7 +10,8 @@ namespace tv {
 
 long CountVectorFeatures(const std::string& path) {
   GDALAllRegister();
-  GDALDatasetH dataset = GDALOpenEx(fk::Native(path).c_str(), GDAL_OF_VECTOR | GDAL_OF_READONLY, nullptr, nullptr, nullptr);
+  GDALDatasetH dataset =
+      GDALOpenEx(fk::Native(path).c_str(), GDAL_OF_VECTOR | GDAL_OF_READONLY, nullptr, nullptr, nullptr);
   if (!dataset) Fail("Cannot read the vector file " + path + ".");
   long count = 0;
   for (int i = 0; i < GDALDatasetGetLayerCount(dataset); ++i)

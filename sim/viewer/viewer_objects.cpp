@@ -30,9 +30,7 @@ class RecordedObject : public fk::Dispatch {
 
  protected:
   virtual Variant Answer(std::int32_t dispid, std::span<Variant> args) = 0;
-  [[noreturn]] void Unknown(std::int32_t dispid) const {
-    Fail(fmt::format("{} has no member {}.", m_name, dispid));
-  }
+  [[noreturn]] void Unknown(std::int32_t dispid) const { Fail(fmt::format("{} has no member {}.", m_name, dispid)); }
   Scene& TheScene() { return m_state->scene; }
 
   std::shared_ptr<ViewerState> m_state;
@@ -110,8 +108,12 @@ gboolean ViewerObject::QuitSoon(gpointer self) {
 Variant ViewerObject::Answer(std::int32_t dispid, std::span<Variant> args) {
   Scene& scene = TheScene();
   switch (dispid) {
-    case id::kAttach: CallArgs("Attach", args, 0); return Done();
-    case id::kDetach: CallArgs("Detach", args, 0); return Done();
+    case id::kAttach:
+      CallArgs("Attach", args, 0);
+      return Done();
+    case id::kDetach:
+      CallArgs("Detach", args, 0);
+      return Done();
     case id::kOpenFiles: {
       const CallArgs a("OpenFiles", args, 4);
       scene.OpenFiles(a.TextList(1), a.Int(3));
@@ -122,11 +124,16 @@ Variant ViewerObject::Answer(std::int32_t dispid, std::span<Variant> args) {
       a.Out(1, Variant::Int(scene.MapWindow(a.Bool(0))));
       return Done();
     }
-    case id::kAddObject: return AddObject(CallArgs("AddObject", args, 3));
-    case id::kAddObjectAlternate: return AddObject(CallArgs("AddObjectAlternate", args, 3));
-    case id::kSelectDrillholes: return AddSeries("SelectDrillholes", args, 4);
-    case id::kAddPointCloudSeries: return AddSeries("AddPointCloudSeries", args, 7);
-    case id::kAddLineSeries: return AddSeries("AddLineSeries", args, 8);
+    case id::kAddObject:
+      return AddObject(CallArgs("AddObject", args, 3));
+    case id::kAddObjectAlternate:
+      return AddObject(CallArgs("AddObjectAlternate", args, 3));
+    case id::kSelectDrillholes:
+      return AddSeries("SelectDrillholes", args, 4);
+    case id::kAddPointCloudSeries:
+      return AddSeries("AddPointCloudSeries", args, 7);
+    case id::kAddLineSeries:
+      return AddSeries("AddLineSeries", args, 8);
     case id::kSetLogFile: {
       const CallArgs a("SetLogFile", args, 2);
       RequireFile(a.Text(1));
@@ -160,15 +167,34 @@ Variant ViewerObject::Answer(std::int32_t dispid, std::span<Variant> args) {
       a.Out(2, Variant::Int(scene.FindDataset(a.TextList(0), a.Int(1)).value_or(-1)));
       return Done();
     }
-    case id::kShowHelpTopic: scene.m_HelpTopics.push_back(CallArgs("ShowHelpTopic", args, 1).Text(0)); return Done();
-    case id::kShowHelpPanel: CallArgs("ShowHelpPanel", args, 1); ++scene.m_nHelpPanels; return Done();
-    case id::kSetParentWindow: scene.m_nParentWindow = CallArgs("SetParentWindow", args, 1).Int(0); return Done();
-    case id::kSaveSession: scene.Save(CallArgs("SaveSession", args, 1).Text(0)); return Done();
-    case id::kLoadSession: scene.Load(CallArgs("LoadSession", args, 1).Text(0)); return Done();
-    case id::kListObjects: return ListObjects(CallArgs("ListObjects", args, 5));
-    case id::kSendCommand: scene.m_Commands.push_back(CallArgs("SendCommand", args, 1).Int(0)); return Done();
-    case id::kGetVersion: CallArgs("GetVersion", args, 1).Out(0, Variant::Text(scene.m_strVersion)); return Done();
-    case id::kShowAllToolbars: CallArgs("ShowAllToolbars", args, 1); ++scene.m_nToolbarCalls; return Done();
+    case id::kShowHelpTopic:
+      scene.m_HelpTopics.push_back(CallArgs("ShowHelpTopic", args, 1).Text(0));
+      return Done();
+    case id::kShowHelpPanel:
+      CallArgs("ShowHelpPanel", args, 1);
+      ++scene.m_nHelpPanels;
+      return Done();
+    case id::kSetParentWindow:
+      scene.m_nParentWindow = CallArgs("SetParentWindow", args, 1).Int(0);
+      return Done();
+    case id::kSaveSession:
+      scene.Save(CallArgs("SaveSession", args, 1).Text(0));
+      return Done();
+    case id::kLoadSession:
+      scene.Load(CallArgs("LoadSession", args, 1).Text(0));
+      return Done();
+    case id::kListObjects:
+      return ListObjects(CallArgs("ListObjects", args, 5));
+    case id::kSendCommand:
+      scene.m_Commands.push_back(CallArgs("SendCommand", args, 1).Int(0));
+      return Done();
+    case id::kGetVersion:
+      CallArgs("GetVersion", args, 1).Out(0, Variant::Text(scene.m_strVersion));
+      return Done();
+    case id::kShowAllToolbars:
+      CallArgs("ShowAllToolbars", args, 1);
+      ++scene.m_nToolbarCalls;
+      return Done();
     case id::kSelectObject: {
       const CallArgs a("SelectObject", args, 2);
       scene.m_strSelected = a.Text(0);
@@ -179,7 +205,8 @@ Variant ViewerObject::Answer(std::int32_t dispid, std::span<Variant> args) {
       scene.m_CoordSystems[a.Text(0)] = a.Text(1);
       return Done(0);
     }
-    default: Unknown(dispid);
+    default:
+      Unknown(dispid);
   }
 }
 
@@ -198,19 +225,27 @@ class SurveyObject final : public RecordedObject {
   Variant Answer(std::int32_t dispid, std::span<Variant> args) override {
     std::vector<Project>& projects = TheScene().Projects();
     switch (dispid) {
-      case id::kAttach: CallArgs("Attach", args, 0); return Done();
-      case id::kDetach: CallArgs("Detach", args, 0); return Done();
+      case id::kAttach:
+        CallArgs("Attach", args, 0);
+        return Done();
+      case id::kDetach:
+        CallArgs("Detach", args, 0);
+        return Done();
       case id::kGetProjectCount:
         CallArgs("GetProjectCount", args, 1).Out(0, Variant::Int(static_cast<std::int32_t>(projects.size())));
         return Done();
-      case id::kRefreshProject: ++ProjectAt(CallArgs("RefreshProject", args, 1).Int(0)).refreshes; return Done();
-      case id::kIsProjectOpen: return Variant::Bool(ProjectAt(CallArgs("IsProjectOpen", args, 1).Int(0)).open);
+      case id::kRefreshProject:
+        ++ProjectAt(CallArgs("RefreshProject", args, 1).Int(0)).refreshes;
+        return Done();
+      case id::kIsProjectOpen:
+        return Variant::Bool(ProjectAt(CallArgs("IsProjectOpen", args, 1).Int(0)).open);
       case id::kGetOpenProjectCount: {
         const auto open = std::count_if(projects.begin(), projects.end(), [](const Project& p) { return p.open; });
         CallArgs("GetOpenProjectCount", args, 1).Out(0, Variant::Int(static_cast<std::int32_t>(open)));
         return Done();
       }
-      default: Unknown(dispid);
+      default:
+        Unknown(dispid);
     }
   }
 };
@@ -228,14 +263,18 @@ class DatasetObject final : public RecordedObject {
         m_nDataset = dataset;
         return Done();
       }
-      case id::kDetach: CallArgs("Detach", args, 0); m_nDataset = 0; return Done();
+      case id::kDetach:
+        CallArgs("Detach", args, 0);
+        m_nDataset = 0;
+        return Done();
       case id::kGetName: {
         const CallArgs a("GetName", args, 1);
         const Dataset* dataset = TheScene().DatasetById(m_nDataset);
         if (dataset && !dataset->files.empty()) a.Out(0, Variant::Text(dataset->files.front()));
         return Done();
       }
-      default: Unknown(dispid);
+      default:
+        Unknown(dispid);
     }
   }
   std::int32_t m_nDataset = 0;

@@ -19,7 +19,9 @@ extern "C" int ShutdownTerravik3D() {
   });
 }
 
-extern "C" int IsTvik3DRunning() { return fk::GuardedCall("IsTvik3DRunning", 0, [] { return IsViewerRunning(); }); }
+extern "C" int IsTvik3DRunning() {
+  return fk::GuardedCall("IsTvik3DRunning", 0, [] { return IsViewerRunning(); });
+}
 
 extern "C" int GetTvik3DProcessID() {
   return fk::GuardedCall("GetTvik3DProcessID", 0, [] { return theApp.m_nViewerProcessID; });

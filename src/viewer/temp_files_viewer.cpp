@@ -33,8 +33,7 @@ void CopyImagesOfParts(const CTempFile& record) {
   for (const std::string& part : record.m_Parts) {
     std::vector<std::string> images;
     ReadImageNames(part, images);
-    for (const std::string& image : images)
-      fk::CopyFileOver(Folder(part) + image, Folder(record.m_strFile) + image);
+    for (const std::string& image : images) fk::CopyFileOver(Folder(part) + image, Folder(record.m_strFile) + image);
   }
 }
 

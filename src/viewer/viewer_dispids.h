@@ -68,4 +68,8 @@ enum ObjectKind : std::int32_t {
 };
 
 // Commands sent by number.
-enum : std::int32_t { TV_COMMAND_REFRESH = 0x8003, TV_COMMAND_SAVE_DEFAULTS = 0x852A, TV_COMMAND_RESTORE_DEFAULTS = 0x852B };
+enum : std::int32_t {
+  TV_COMMAND_REFRESH = 0x8003,
+  TV_COMMAND_SAVE_DEFAULTS = 0x852A,
+  TV_COMMAND_RESTORE_DEFAULTS = 0x852B
+};

@@ -100,7 +100,8 @@ std::int32_t CViewerLink::OpenFiles(std::int32_t view, std::vector<std::string> 
   if (!m_ViewerInterface.IsAttached()) return -1;
   if (files.empty()) return 0;
   ListArgument list = TextList(files);
-  return Call(m_ViewerInterface, DISPID_TV_OPENFILES, {Variant::Int(view), list.Ref(), Variant::Int(0), Variant::Int(kind)});
+  return Call(m_ViewerInterface, DISPID_TV_OPENFILES,
+              {Variant::Int(view), list.Ref(), Variant::Int(0), Variant::Int(kind)});
 }
 
 std::int32_t CViewerLink::AddObject(std::int32_t view, std::int32_t kind, std::vector<Variant> elements) {

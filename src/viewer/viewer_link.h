@@ -95,5 +95,5 @@ class CViewerLink {
  private:
   std::int32_t AddObject(std::int32_t view, std::int32_t kind, std::vector<fk::Variant> list);
   void AddRows(std::int32_t dispid, std::int32_t view, const std::string& series, std::int32_t dataset,
-                       const std::vector<std::int32_t>& rows);
+               const std::vector<std::int32_t>& rows);
 };

@@ -1,11 +1,12 @@
 // The session's file records: what filing, parts and rebuilding do to the
 // files on disk, and what the records' end deletes.
+#include "settings/temp_file_array.h"
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <memory>
 
-#include "settings/temp_file_array.h"
 #include "support/session_fixture.h"
 
 namespace {

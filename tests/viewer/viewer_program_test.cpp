@@ -157,9 +157,9 @@ TEST_F(ViewerProgram, IsStartedOnceAskedAndStoppedThroughTheExports) {
   EXPECT_EQ(FORMKIT_EXPORT(library, IsTvik3DRunning)(), 0);
 
   const std::vector<std::string> calls = Calls();
-  EXPECT_THAT(Members(calls), ElementsAre("TV.InterfaceCOM 1", "TV.InterfaceCOM 80", "TV.InterfaceCOM 2",
-                                          "TV.InterfaceCOM 1", "TV.InterfaceCOM 69", "TV.InterfaceCOM 2",
-                                          "TV.InterfaceCOM 44"));
+  EXPECT_THAT(Members(calls),
+              ElementsAre("TV.InterfaceCOM 1", "TV.InterfaceCOM 80", "TV.InterfaceCOM 2", "TV.InterfaceCOM 1",
+                          "TV.InterfaceCOM 69", "TV.InterfaceCOM 2", "TV.InterfaceCOM 44"));
   EXPECT_THAT(calls[1], HasSubstr("400c:\"\"")) << "the version comes back through a variant by reference";
   EXPECT_THAT(calls[4], HasSubstr(" 3:4711"));
 
@@ -234,9 +234,11 @@ TEST_F(ViewerProgram, ASavedStateKeepsTheCompositesInUseNextToTheState) {
   const std::string saved = m_folder.Path() + "/saved";
   std::filesystem::create_directories(parts);
   std::filesystem::create_directories(saved);
-  const std::string part = m_folder.Write("parts/hole one.ogb", "GeoreferenceImage Begin\n  Image = \"hole one.jpg\"\nGeoreferenceImage End\n");
+  const std::string part = m_folder.Write(
+      "parts/hole one.ogb", "GeoreferenceImage Begin\n  Image = \"hole one.jpg\"\nGeoreferenceImage End\n");
   m_folder.Write("parts/hole one.jpg", "picture");
-  const std::string unusedPart = m_folder.Write("parts/hole two.ogb", "GeoreferenceImage Begin\n  Image = \"hole two.jpg\"\nGeoreferenceImage End\n");
+  const std::string unusedPart = m_folder.Write(
+      "parts/hole two.ogb", "GeoreferenceImage Begin\n  Image = \"hole two.jpg\"\nGeoreferenceImage End\n");
   const std::string composite = parts + "/logs.ogb";
   const std::string plain = m_folder.Write("parts/plain.ogb", "");
   {
@@ -252,8 +254,7 @@ TEST_F(ViewerProgram, ASavedStateKeepsTheCompositesInUseNextToTheState) {
     viewer.Detach();
 
     ASSERT_EQ(FORMKIT_EXPORT(host.library, Save3DState)((saved + "/site.3ds").c_str()), 1);
-    EXPECT_EQ(ReadFile(saved + "/site.3ds"),
-              "VERSION 1.0\r\n" + saved + "/site.wor\r\n" + saved + "/site.ogs\r\n");
+    EXPECT_EQ(ReadFile(saved + "/site.3ds"), "VERSION 1.0\r\n" + saved + "/site.wor\r\n" + saved + "/site.ogs\r\n");
     EXPECT_TRUE(host.HostRan("Save Workspace"));
     EXPECT_THAT(ReadFile(saved + "/site.wor"), HasSubstr("!Workspace"));
     EXPECT_THAT(ReadFile(saved + "/site.ogs"), HasSubstr("logs.ogb")) << "the viewer's own state";

@@ -47,7 +47,7 @@ test: build
 
 # The tour: the command line on the sample data, each file checked by a peer.
 demo: configure
-	cmake --build $(BUILD) -j $(JOBS) --target formkit-cli sim_samples
+	cmake --build $(BUILD) -j $(JOBS) --target formkit-cli sim_samples tv-sim
 	bash demo/run_demo.sh $(BUILD) demo-out
 
 bench: build

@@ -48,6 +48,7 @@ int main(int argc, char** argv) {
   cli::AddRegisterImageCommand(app, options);
   cli::AddFieldsCommand(app, options);
   cli::AddSettingsCommand(app, options);
+  cli::AddViewerCommand(app, options);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& e) {

@@ -88,6 +88,8 @@ class BadInput(unittest.TestCase):
         (["register-image", "notes.txt", "--bounds", "0", "0", "1", "1", "-o", "n.tab"], 1, "cannot read the size"),
         (["register-image", "grid.tif", "--bounds", "0", "0", "1", "1", "--transparent", "red"], 2, "--transparent"),
         (["--product", "Nope", "settings", "show"], 2, "Nope not in"),
+        (["viewer", "register", "nowhere.exe"], 2, "no program nowhere.exe"),
+        (["viewer", "load", "a.dxf"], 1, "the viewer is not available (-2)"),
     ]
 
     def test_each_gives_its_exit_code_and_one_line_and_leaves_no_file(self):
@@ -114,7 +116,7 @@ class Help(unittest.TestCase):
     def test_every_subcommand_is_listed_and_its_example_works_when_pasted(self):
         listing = run("--help").stdout
         commands = re.findall(r"^  ([a-z-]+) {2,}", listing.split("Subcommands:")[1], re.M)
-        self.assertEqual(commands, ["host", "contour", "register-image", "fields", "settings"])
+        self.assertEqual(commands, ["host", "contour", "register-image", "fields", "settings", "viewer"])
         for command in commands:
             text = run(command, "--help").stdout
             example = text.split("Example:\n")[1].replace("\\\n", " ")

@@ -136,7 +136,7 @@ Variant ViewerObject::Answer(std::int32_t dispid, std::span<Variant> args) {
       return AddSeries("AddLineSeries", args, 8);
     case id::kSetLogFile: {
       const CallArgs a("SetLogFile", args, 2);
-      RequireFile(a.Text(1));
+      if (!a.Text(1).empty()) RequireFile(a.Text(1));  // an empty name takes the log away
       scene.m_strLogFile = a.Text(1);
       return Done();
     }

@@ -52,7 +52,7 @@ int ShowFileInViewer(ViewerSession session, int view, const std::string& file) {
 int LoadPermDXFFile(ViewerSession session, const std::string& file, int permanent) {
   if (!ViewerAvailable(session) || !session.viewer.Attach()) return 0;
   const int view = session.viewer.GetMapWindow(true);
-  // The test asks for kind 1 and the removal names kind 2: so it is done.
+  // The presence test names kind 1 and the removal kind 2; the viewer gets the pair as it stands.
   if (session.viewer.ObjectExists(view, file, OBJECT_FILE))
     session.viewer.RemoveFileObject(view, OBJECT_VECTOR_FILE, file);
   session.viewer.AddVectorObject(true, view, file, kPermanentDXFValues);

@@ -266,6 +266,34 @@ TEST_F(ViewerProgram, ASavedStateKeepsTheCompositesInUseNextToTheState) {
   }
 }
 
+TEST_F(ViewerProgram, LogFilesJoinTheFirstFoldersLogAndRefreshPassesThroughTheScratchFile) {
+  const std::string first = m_folder.Write("a/hole1.ogb", "Image = \"hole1.jpg\"\n");
+  const std::string second = m_folder.Write("b/hole2.ogb", "Image = \"hole2.jpg\"\n");
+  const std::string log = m_folder.Path() + "/a/Terravik DH Logs.OGB";
+  LibraryWithHost host;
+  ASSERT_GT(FORMKIT_EXPORT(host.library, ExecuteTerravik3D)(), 0);
+  ASSERT_EQ(FORMKIT_EXPORT(host.library, SetTempFileDirectory)((m_folder.Path() + "/").c_str()), 1);
+  const std::size_t before = Calls().size();
+  ASSERT_EQ(FORMKIT_EXPORT(host.library, LoadPermLogOGBFile)(first.c_str(), 1, 1), 1);
+  ASSERT_EQ(FORMKIT_EXPORT(host.library, LoadLogOGBFile)(second.c_str(), 0), 1);
+  EXPECT_EQ(ReadFile(log), CrLf(ReadFile(first) + ReadFile(second))) << "one log, in the first file's folder";
+  ASSERT_EQ(FORMKIT_EXPORT(host.library, Refresh3D)(), 1);
+
+  const std::vector<std::string> calls = Calls();
+  const std::string scratch = "8:\"" + m_folder.Path() + "/_Refresh3DSession.ogs\"";
+  EXPECT_THAT(Members({calls.begin() + static_cast<std::ptrdiff_t>(before), calls.end()}),
+              ElementsAre("TV.InterfaceCOM 1", "TV.InterfaceCOM 39", "TV.InterfaceCOM 43", "TV.InterfaceCOM 43",
+                          "TV.InterfaceCOM 2", "TV.InterfaceCOM 1", "TV.InterfaceCOM 39", "TV.InterfaceCOM 2",
+                          "TV.InterfaceCOM 1", "TV.InterfaceCOM 53", "TV.InterfaceCOM 77", "TV.InterfaceCOM 54",
+                          "TV.InterfaceCOM 2"));
+  EXPECT_THAT(calls[before + 2], HasSubstr(" 8:\"\"")) << "the log is taken away first";
+  EXPECT_THAT(calls[before + 3], HasSubstr(log));
+  EXPECT_THAT(calls[before + 9], HasSubstr(scratch));
+  EXPECT_THAT(calls[before + 10], HasSubstr(" 3:32771"));
+  EXPECT_THAT(calls[before + 11], HasSubstr(scratch));
+  EXPECT_EQ(FORMKIT_EXPORT(host.library, ShutdownTerravik3D)(), 1);
+}
+
 TEST_F(ViewerProgram, LoadingAStateTheViewerCannotTakeStillRunsTheHostWorkspace) {
   ScopedVariable late("TV_SIM_OWN_AFTER", "600000");
   const std::string zelvar = (std::filesystem::path(TV_SIM_PATH).parent_path() / "Zelvar3D.exe").string();

@@ -1,13 +1,14 @@
 // CViewerLink against a recording stand-in for the viewer object: what each
 // wrapper gives without a viewer, the attach rules, and what never reaches
 // the wire (empty lists, texts past 255 characters).
+#include "viewer/viewer_link.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <functional>
 
 #include "platform/automation/class_registry.h"
-#include "viewer/viewer_link.h"
 
 using ::testing::ElementsAre;
 
@@ -33,11 +34,14 @@ class RecordingViewer : public fk::Dispatch {
 
 class ViewerLinkTest : public ::testing::Test {
  protected:
-  void Serve(std::int32_t answer) {
+  void Serve(std::int32_t answer, const char* progId = "TV.InterfaceCOM") {
     m_viewer = std::make_shared<RecordingViewer>(answer);
-    fk::ClassRegistry::Instance().RegisterClass("TV.InterfaceCOM", [this] { return m_viewer; });
+    fk::ClassRegistry::Instance().RegisterClass(progId, [this] { return m_viewer; });
   }
-  void TearDown() override { fk::ClassRegistry::Instance().RevokeClass("TV.InterfaceCOM"); }
+  void TearDown() override {
+    fk::ClassRegistry::Instance().RevokeClass("TV.InterfaceCOM");
+    fk::ClassRegistry::Instance().RevokeClass("TVD.InterfaceCOM");
+  }
 
   std::shared_ptr<RecordingViewer> m_viewer;
   CViewerLink m_link;
@@ -90,8 +94,8 @@ TEST_F(ViewerLinkTest, AttachCountsOnlyAnAnswerOfOneAndNeverNests) {
 }
 
 TEST_F(ViewerLinkTest, EmptyListsStayOffTheWireAndTextsAreCutTo255) {
-  Serve(1);
-  ASSERT_TRUE(m_link.Attach());
+  Serve(1, "TVD.InterfaceCOM");
+  ASSERT_TRUE(m_link.Attach()) << "a debug build of the viewer serves when the release one does not";
   EXPECT_EQ(m_link.OpenFiles(1, {}, 7), 0);
   EXPECT_EQ(m_link.FindDataset({}, 5), -1);
   m_link.AddLineSeries(1, "s", 2, {});

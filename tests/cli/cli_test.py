@@ -112,6 +112,26 @@ class BadInput(unittest.TestCase):
             self.assertEqual(sorted(os.listdir(folder)), before)
 
 
+class Viewer(unittest.TestCase):
+    VIEWER = os.path.join(os.path.dirname(FORMKIT), "viewer", "Terravik3D.exe")
+
+    def test_a_temporary_load_is_deleted_when_the_program_ends_and_a_permanent_one_kept(self):
+        with tempfile.TemporaryDirectory() as folder:
+            env = dict(os.environ, FORMKIT_REGISTRY_DIR=folder, FORMKIT_UI="headless")
+            files = {name: os.path.join(folder, name) for name in ("kept.ogb", "temporary.ogb")}
+            for path in files.values():
+                open(path, "w").close()
+            steps = [["viewer", "register", self.VIEWER, "--timeout", "10000"], ["viewer", "start"],
+                     ["viewer", "load", files["kept.ogb"]], ["viewer", "load", files["temporary.ogb"], "--temporary"],
+                     ["viewer", "stop"]]
+            script = " && ".join(" ".join(shlex.quote(word) for word in [FORMKIT, *step]) for step in steps)
+            result = subprocess.run(["dbus-run-session", "--", "sh", "-c", script], env=env, capture_output=True,
+                                    text=True, timeout=120)
+            self.assertEqual(result.returncode, 0, result.stderr)
+            self.assertTrue(os.path.exists(files["kept.ogb"]))
+            self.assertFalse(os.path.exists(files["temporary.ogb"]), "deleted as the library's records end")
+
+
 class Help(unittest.TestCase):
     def test_every_subcommand_is_listed_and_its_example_works_when_pasted(self):
         listing = run("--help").stdout
@@ -122,7 +142,8 @@ class Help(unittest.TestCase):
             example = text.split("Example:\n")[1].replace("\\\n", " ")
             with tempfile.TemporaryDirectory() as folder, self.subTest(command=command):
                 for line in filter(str.strip, example.splitlines()):
-                    result = subprocess.run(shlex.split(line), cwd=folder, capture_output=True, text=True)
+                    result = subprocess.run(shlex.split(line), cwd=folder, capture_output=True, text=True,
+                                            env=dict(os.environ, FORMKIT_REGISTRY_DIR=folder))
                     self.assertEqual(result.returncode, 0, line + "\n" + result.stderr)
 
 

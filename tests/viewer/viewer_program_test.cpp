@@ -229,7 +229,7 @@ TEST_F(ViewerProgram, APermanentDXFHeldUnderKindOneIsRemovedUnderKindTwoAndAdded
   EXPECT_EQ(FORMKIT_EXPORT(host.library, ShutdownTerravik3D)(), 1);
 }
 
-TEST_F(ViewerProgram, ASavedStateKeepsTheCompositesInUseNextToTheState) {
+TEST_F(ViewerProgram, ASavedStateKeepsTheCompositesInUseAndComesBackInANewViewer) {
   const std::string parts = m_folder.Path() + "/parts";
   const std::string saved = m_folder.Path() + "/saved";
   std::filesystem::create_directories(parts);
@@ -262,6 +262,15 @@ TEST_F(ViewerProgram, ASavedStateKeepsTheCompositesInUseNextToTheState) {
     EXPECT_EQ(ReadFile(saved + "/hole one.jpg"), "picture");
     EXPECT_FALSE(std::filesystem::exists(saved + "/plain.ogb")) << "a plain temporary file is not saved";
     EXPECT_EQ(FORMKIT_EXPORT(host.library, SetTempFileDeleteOnDestoy)(0), 0);
+
+    const int first = FORMKIT_EXPORT(host.library, GetTvik3DProcessID)();
+    EXPECT_EQ(FORMKIT_EXPORT(host.library, ShutdownTerravik3D)(), 1);
+    ASSERT_TRUE(Ended(first));
+    ASSERT_EQ(FORMKIT_EXPORT(host.library, Load3DState)((saved + "/site.3ds").c_str()), 1) << "in a new viewer";
+    EXPECT_TRUE(host.HostRan("Run Application \"" + saved + "/site.wor\""));
+    ASSERT_TRUE(viewer.Attach());
+    EXPECT_EQ(viewer.ObjectExists(viewer.GetMapWindow(false), saved + "/logs.ogb", 6), 1) << "the session came back";
+    viewer.Detach();
     EXPECT_EQ(FORMKIT_EXPORT(host.library, ShutdownTerravik3D)(), 1);
   }
 }

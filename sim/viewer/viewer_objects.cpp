@@ -32,6 +32,11 @@ class RecordedObject : public fk::Dispatch {
   virtual Variant Answer(std::int32_t dispid, std::span<Variant> args) = 0;
   [[noreturn]] void Unknown(std::int32_t dispid) const { Fail(fmt::format("{} has no member {}.", m_name, dispid)); }
   Scene& TheScene() { return m_state->scene; }
+  // Opening and ending a session: nothing to do but check the call.
+  static Variant NoArguments(const char* member, std::span<Variant> args) {
+    CallArgs(member, args, 0);
+    return Done();
+  }
 
   std::shared_ptr<ViewerState> m_state;
   std::string m_name;
@@ -109,11 +114,9 @@ Variant ViewerObject::Answer(std::int32_t dispid, std::span<Variant> args) {
   Scene& scene = TheScene();
   switch (dispid) {
     case id::kAttach:
-      CallArgs("Attach", args, 0);
-      return Done();
+      return NoArguments("Attach", args);
     case id::kDetach:
-      CallArgs("Detach", args, 0);
-      return Done();
+      return NoArguments("Detach", args);
     case id::kOpenFiles: {
       const CallArgs a("OpenFiles", args, 4);
       scene.OpenFiles(a.TextList(1), a.Int(3));
@@ -226,11 +229,9 @@ class SurveyObject final : public RecordedObject {
     std::vector<Project>& projects = TheScene().Projects();
     switch (dispid) {
       case id::kAttach:
-        CallArgs("Attach", args, 0);
-        return Done();
+        return NoArguments("Attach", args);
       case id::kDetach:
-        CallArgs("Detach", args, 0);
-        return Done();
+        return NoArguments("Detach", args);
       case id::kGetProjectCount:
         CallArgs("GetProjectCount", args, 1).Out(0, Variant::Int(static_cast<std::int32_t>(projects.size())));
         return Done();

@@ -51,6 +51,7 @@ int main(int argc, char** argv) {
   cli::AddExportCommand(app, options);
   cli::AddImportCommand(app, options);
   cli::AddHotlinksCommand(app, options);
+  cli::AddViewerCommand(app, options);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& e) {

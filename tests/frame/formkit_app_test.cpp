@@ -10,7 +10,7 @@
 #include "host/cartoma.h"
 #include "platform/registry/registry.h"
 #include "support/formkit_library.h"
-#include "support/scripted_host.h"
+#include "support/host/scripted_host.h"
 #include "support/session_fixture.h"
 
 namespace {
@@ -87,31 +87,28 @@ TEST_F(FormkitAppTest, ConnectingFindsTheProductAndReloadsFromItsKeyKeepingWhatO
   EXPECT_EQ(theApp.m_strGroupKey, "group-vigil");
   EXPECT_EQ(theApp.m_bShowHelp, 1);
   EXPECT_EQ(theApp.m_strAliasKey, "alias-shared") << "a value only the first source had is kept";
+
+  fk::Registry::SetString(kUser, "Software\\Orvex\\Custom\\Setup", "GroupKey", "group-custom");
+  theApp.SwitchProfile("Custom");
+  EXPECT_EQ(theApp.ProfileName(), "Custom") << "a named profile switch reads that profile";
+  EXPECT_EQ(theApp.m_strGroupKey, "group-custom");
 }
 
-TEST_F(FormkitAppTest, WithoutAProductScriptTheNamedProductsProfileApplies) {
-  fk::Registry::SetString(kUser, "Software\\Orvex\\Zelvar3D\\Setup", "PreferredProjDesc", "Local grid");
-  ScriptedHost host;
-  InitFormkitInstance("Zelvar3D");
-  ASSERT_EQ(ConnectToCartoma(host.Handle()), 1);
-  EXPECT_EQ(theApp.ProfileName(), "Zelvar3D");
-  EXPECT_EQ(theApp.m_strPreferredProjDesc, "Local grid");
-}
-
-TEST_F(FormkitAppTest, ConnectingWithoutTheCheckKeepsTheProfile) {
+TEST_F(FormkitAppTest, WithoutAProductScriptTheNamedProductsProfileAppliesAndWithoutTheCheckNone) {
   ScriptedHost host;
   host.AddScript("zelvar.cbx");
   ASSERT_EQ(ConnectToCartomaWithoutAppCheck(host.Handle()), 1);
   EXPECT_EQ(theApp.ProfileName(), "Shared");
   EXPECT_EQ(g_Cartoma.m_nProductVariant, 0);
   EXPECT_TRUE(host.Transcript().empty());
-}
+  ResetSession();
 
-TEST_F(FormkitAppTest, ANamedProfileSwitchReadsThatProfile) {
-  fk::Registry::SetString(kUser, "Software\\Orvex\\Custom\\Setup", "GroupKey", "group-custom");
-  theApp.SwitchProfile("Custom");
-  EXPECT_EQ(theApp.ProfileName(), "Custom");
-  EXPECT_EQ(theApp.m_strGroupKey, "group-custom");
+  fk::Registry::SetString(kUser, "Software\\Orvex\\Zelvar3D\\Setup", "PreferredProjDesc", "Local grid");
+  ScriptedHost bare;
+  InitFormkitInstance("Zelvar3D");
+  ASSERT_EQ(ConnectToCartoma(bare.Handle()), 1);
+  EXPECT_EQ(theApp.ProfileName(), "Zelvar3D");
+  EXPECT_EQ(theApp.m_strPreferredProjDesc, "Local grid");
 }
 
 // The module starts while the host loads it. A registry it can't open leaves

@@ -3,8 +3,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "host/cartoma.h"
-#include "support/scripted_host.h"
+#include "support/host/scripted_host.h"
 #include "support/session_fixture.h"
 
 using ::testing::ElementsAre;
@@ -51,24 +53,21 @@ TEST_F(CatalogueTest, TableListsAskInTheHostsOrderAndCountAllTables) {
   std::vector<std::string> mappable;
   g_Cartoma.GetMappableTableNames(mappable);
   EXPECT_THAT(mappable, ElementsAre("Holes"));
-}
 
-TEST_F(CatalogueTest, NoOpenTableAsksNothingMore) {
-  m_host.Answers().Answer("NumTables()", "0");
-  std::vector<std::string> names;
-  EXPECT_EQ(g_Cartoma.GetTableNames(names), 0);
-  EXPECT_THAT(names, IsEmpty());
-  EXPECT_THAT(m_host.Statements(), ElementsAre("Eval: NumTables()"));
-  m_host.Answers().Answer("NumTables()", "");
-  EXPECT_EQ(g_Cartoma.ListTableNames(&names), 0) << "an empty answer reads as 0";
-}
-
-TEST_F(CatalogueTest, FindTableByPathComparesPathsIgnoringCase) {
-  TwoTables();
+  // Finding a table by its file compares paths ignoring case.
   m_host.Answers().Answer("TableInfo(Holes, 19)", "/data/holes.tab");
   m_host.Answers().Answer("TableInfo(Image, 19)", "/data/Image.TAB");
   EXPECT_EQ(g_Cartoma.FindTableByPath("/DATA/IMAGE.tab"), "Image");
   EXPECT_EQ(g_Cartoma.FindTableByPath("/data/none.tab"), "");
+
+  m_host.ClearTranscript();
+  m_host.Answers().Answer("NumTables()", "0");
+  names.clear();
+  EXPECT_EQ(g_Cartoma.GetTableNames(names), 0);
+  EXPECT_THAT(names, IsEmpty());
+  EXPECT_THAT(m_host.Statements(), ElementsAre("Eval: NumTables()")) << "no open table: nothing more is asked";
+  m_host.Answers().Answer("NumTables()", "");
+  EXPECT_EQ(g_Cartoma.ListTableNames(&names), 0) << "an empty answer reads as 0";
 }
 
 TEST_F(CatalogueTest, ColumnsAreListedByPseudoNameWithAnOptionalTypeFilter) {
@@ -89,44 +88,42 @@ TEST_F(CatalogueTest, ColumnsAreListedByPseudoNameWithAnOptionalTypeFilter) {
   EXPECT_EQ(g_Cartoma.ColumnExists("Holes", "c3"), 0) << "column names compare exactly";
 }
 
-TEST_F(CatalogueTest, TableFactsUseTheirCodesAndQuotesOnlyWhereTold) {
-  m_host.Answers().Answer("TableInfo(Holes, 8)", "120");
-  m_host.Answers().Answer("TableInfo(Holes, 29)", "CoordSys Earth Projection 1, 104");
-  m_host.Answers().Answer("TableInfo(\"Holes\", 7)", "T");
-  m_host.Answers().Answer("TableInfo(\"Image\", 7)", "t");
-  m_host.Answers().Answer("TableInfo(0, 1)", "Query1");
-  m_host.Answers().Answer("PathToTableName$(\"/data/holes.tab\")", "holes");
-  m_host.Answers().Answer("GetMetadata$(Holes, \"\\Terravik\\HoleID\")", "HOLE");
-  m_host.Answers().Answer("Holes.Depth", "12.5");
-  EXPECT_EQ(g_Cartoma.GetTableRowCount("Holes"), 120);
-  EXPECT_EQ(g_Cartoma.GetTableCoordSysClause("Holes"), "CoordSys Earth Projection 1, 104");
-  EXPECT_TRUE(g_Cartoma.IsTempTable("Holes"));
-  EXPECT_FALSE(g_Cartoma.IsTempTable("Image")) << "only exactly \"T\" is true";
-  EXPECT_EQ(g_Cartoma.GetSelectedTableName(), "Query1");
-  EXPECT_EQ(g_Cartoma.PathToTableName("/data/holes.tab"), "holes");
-  EXPECT_EQ(g_Cartoma.GetMetadata("Holes", "\\Terravik\\HoleID"), "HOLE");
-  EXPECT_EQ(g_Cartoma.GetFieldValue("Holes", "Depth"), "12.5");
+// One expression each, with its codes and quotes, and the answer converted.
+TEST_F(CatalogueTest, EachQuestionAsksItsOneExpression) {
+  const struct {
+    const char* expression;
+    const char* answer;
+    std::function<std::string()> ask;
+    const char* expected;
+  } cases[] = {
+      {"TableInfo(Holes, 8)", "120", [] { return std::to_string(g_Cartoma.GetTableRowCount("Holes")); }, "120"},
+      {"TableInfo(Holes, 29)", "CoordSys Earth Projection 1, 104",
+       [] { return g_Cartoma.GetTableCoordSysClause("Holes"); }, "CoordSys Earth Projection 1, 104"},
+      {"TableInfo(\"Holes\", 7)", "T", [] { return std::to_string(g_Cartoma.IsTempTable("Holes")); }, "1"},
+      {"TableInfo(\"Image\", 7)", "t", [] { return std::to_string(g_Cartoma.IsTempTable("Image")); }, "0"},
+      {"TableInfo(0, 1)", "Query1", [] { return g_Cartoma.GetSelectedTableName(); }, "Query1"},
+      {"PathToTableName$(\"/data/holes.tab\")", "holes", [] { return g_Cartoma.PathToTableName("/data/holes.tab"); },
+       "holes"},
+      {"GetMetadata$(Holes, \"\\Terravik\\HoleID\")", "HOLE",
+       [] { return g_Cartoma.GetMetadata("Holes", "\\Terravik\\HoleID"); }, "HOLE"},
+      {"Holes.Depth", "12.5", [] { return g_Cartoma.GetFieldValue("Holes", "Depth"); }, "12.5"},
+      {"FrontWindow()", "31", [] { return std::to_string(g_Cartoma.GetFrontWindow()); }, "31"},
+      {"WindowInfo(0, 3)", "1", [] { return std::to_string(g_Cartoma.GetWindowType(0)); }, "1"},
+      {"WindowInfo(99, 3)", "", [] { return std::to_string(g_Cartoma.GetWindowType(99)); }, "0"},
+      {"MapperInfo(31, 9)", "2", [] { return std::to_string(g_Cartoma.GetLayerCount(31)); }, "2"},
+      {"LayerInfo(0, 2, 1)", "Holes", [] { return g_Cartoma.GetLayerName(2, 0); }, "Holes"},
+      {"LayerInfo(31, 1, 24)", "0", [] { return std::to_string(g_Cartoma.GetLayerType(1, 31)); }, "0"},
+      {"SelectionInfo(1)", "Holes", [] { return g_Cartoma.GetSelectionName(); }, "Holes"},
+      {"SelectionInfo(3)", "17", [] { return std::to_string(g_Cartoma.GetSelectionCount()); }, "17"},
+  };
+  for (const auto& c : cases) {
+    m_host.ClearTranscript();
+    m_host.Answers().Answer(c.expression, c.answer);
+    EXPECT_EQ(c.ask(), c.expected) << c.expression;
+    EXPECT_THAT(m_host.Statements(), ElementsAre(std::string("Eval: ") + c.expression));
+  }
   EXPECT_EQ(g_Cartoma.GetTableType("Missing"), 0) << "a failed question reads as 0";
   EXPECT_FALSE(g_Cartoma.m_strLastError.empty());
-}
-
-TEST_F(CatalogueTest, WindowsLayersAndSelection) {
-  m_host.Answers().Answer("FrontWindow()", "31");
-  m_host.Answers().Answer("WindowInfo(0, 3)", "1");
-  m_host.Answers().Answer("MapperInfo(31, 9)", "2");
-  m_host.Answers().Answer("LayerInfo(0, 2, 1)", "Holes");
-  m_host.Answers().Answer("LayerInfo(31, 1, 24)", "0");
-  m_host.Answers().Answer("SelectionInfo(1)", "Holes");
-  m_host.Answers().Answer("SelectionInfo(3)", "17");
-  EXPECT_EQ(g_Cartoma.GetFrontWindow(), 31);
-  EXPECT_EQ(g_Cartoma.GetWindowType(0), 1);
-  EXPECT_EQ(g_Cartoma.GetLayerCount(31), 2);
-  EXPECT_EQ(g_Cartoma.GetLayerName(2, 0), "Holes");
-  EXPECT_EQ(g_Cartoma.GetLayerType(1, 31), 0);
-  EXPECT_EQ(g_Cartoma.GetSelectionName(), "Holes");
-  EXPECT_EQ(g_Cartoma.GetSelectionCount(), 17);
-  m_host.Answers().Answer("WindowInfo(99, 3)", "");
-  EXPECT_EQ(g_Cartoma.GetWindowType(99), 0) << "a window that is gone answers nothing";
 }
 
 TEST_F(CatalogueTest, TheLastProjectionComesFromTheProductScript) {
@@ -189,6 +186,15 @@ TEST_F(NodesTest, EachKindGivesItsNodesAppendedToTheArrays) {
     EXPECT_EQ(std::vector<double>(xs.begin() + 1, xs.end()), c.xs) << c.type << ": after what the array held";
     EXPECT_EQ(std::vector<double>(ys.begin() + 1, ys.end()), c.ys) << c.type;
   }
+  // A region's node that no part holds is skipped; one pair stored is success.
+  xs.clear();
+  m_host.Answers().Answer("ObjectInfo(o, 1)", "7");
+  m_host.Answers().Answer("ObjectInfo(o, 20)", "2");
+  m_host.Answers().Answer("ObjectNodeX(o, 1, 1)", "1");
+  m_host.Answers().Answer("ObjectNodeY(o, 1, 1)", "2");
+  EXPECT_EQ(g_Cartoma.GetObjectNodes("o", xs, ys), 1);
+  EXPECT_THAT(xs, ElementsAre(1));
+
   m_host.Answers().Fail("ObjectInfo(o, 1)", "Variable o not defined");
   EXPECT_EQ(g_Cartoma.GetObjectNodes("o", xs, ys), 0);
   EXPECT_EQ(xs.size(), 1u);
@@ -217,15 +223,6 @@ TEST_F(NodesTest, APolylineIsWalkedPartByPartByTheHostsErrors) {
                           "Eval: ObjectNodeX(o, 1, 3)", "Eval: ObjectNodeY(o, 1, 3)", "Eval: ObjectNodeX(o, 1, 4)",
                           "Eval: ObjectNodeX(o, 2, 4)", "Eval: ObjectNodeY(o, 2, 4)", "Eval: ObjectNodeX(o, 2, 5)",
                           "Eval: ObjectNodeY(o, 2, 5)"));
-}
-
-TEST_F(NodesTest, ANodeThatNoPartHoldsIsSkipped) {
-  m_host.Answers().Answer("ObjectInfo(o, 1)", "7");
-  m_host.Answers().Answer("ObjectInfo(o, 20)", "2");
-  m_host.Answers().Answer("ObjectNodeX(o, 1, 1)", "1");
-  m_host.Answers().Answer("ObjectNodeY(o, 1, 1)", "2");
-  EXPECT_EQ(g_Cartoma.GetObjectNodes("o", xs, ys), 1) << "one pair stored is success";
-  EXPECT_THAT(xs, ElementsAre(1));
 }
 
 }  // namespace

@@ -7,7 +7,7 @@
 #include "formkit/formkit.h"
 #include "host/cartoma.h"
 #include "platform/text/letter_case.h"
-#include "support/scripted_host.h"
+#include "support/host/scripted_host.h"
 #include "support/session_fixture.h"
 
 using ::testing::ElementsAre;
@@ -77,39 +77,37 @@ class CopyMetadataTest : public SessionTest {
       m_folder.Write("source.tab", "!table\nDefinition Table\nbegin_metadata\n\"\\Key\" = \"1\"\n\"\\Other\" = \"2\"\n");
 };
 
-TEST_F(CopyMetadataTest, TheTargetKeepsItsHeadAndTakesTheSourcesBlock) {
+TEST_F(CopyMetadataTest, TheTargetKeepsItsHeadAndTakesTheSourcesBlockUnderItsOwnMarker) {
   const std::string target =
       m_folder.Write("target.tab", "!table\r\nFields 2\r\nBEGIN_METADATA\r\n\"\\Old\" = \"x\"\r\n");
   EXPECT_EQ(g_Cartoma.CopyTabMetadata(m_source, target), 1);
   EXPECT_EQ(ReadFile(target), "!table\r\nFields 2\r\nBEGIN_METADATA\r\n\"\\Key\" = \"1\"\r\n\"\\Other\" = \"2\"\r\n");
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(m_folder.Path()), {}), 2) << "no temporary file left";
-}
 
-TEST_F(CopyMetadataTest, ATargetWithoutABlockGetsTheMarkerInLowerCase) {
-  const std::string target = m_folder.Write("plain.tab", "!table\nFields 1\n");
-  EXPECT_EQ(g_Cartoma.CopyTabMetadata(m_source, target), 1);
-  EXPECT_EQ(ReadFile(target), "!table\r\nFields 1\r\nbegin_metadata\r\n\"\\Key\" = \"1\"\r\n\"\\Other\" = \"2\"\r\n");
+  // A target without a block gets the marker in lower case.
+  const std::string plain = m_folder.Write("plain.tab", "!table\nFields 1\n");
+  EXPECT_EQ(g_Cartoma.CopyTabMetadata(m_source, plain), 1);
+  EXPECT_EQ(ReadFile(plain), "!table\r\nFields 1\r\nbegin_metadata\r\n\"\\Key\" = \"1\"\r\n\"\\Other\" = \"2\"\r\n");
 
   const std::string noBlock = m_folder.Write("noblock.tab", "!table\n");
-  EXPECT_EQ(g_Cartoma.CopyTabMetadata(noBlock, target), 1);
-  EXPECT_EQ(ReadFile(target), "!table\r\nFields 1\r\nbegin_metadata\r\n") << "an empty block";
+  EXPECT_EQ(g_Cartoma.CopyTabMetadata(noBlock, plain), 1);
+  EXPECT_EQ(ReadFile(plain), "!table\r\nFields 1\r\nbegin_metadata\r\n") << "an empty block";
 }
 
-TEST_F(CopyMetadataTest, AMissingSourceOrTargetChangesNothing) {
+TEST_F(CopyMetadataTest, AMissingSourceOrTargetChangesNothingAndAnUpperCasedPathFindsItsFolder) {
   const std::string target = m_folder.Write("keep.tab", "!table\nbegin_metadata\n\"\\Mine\" = \"1\"\n");
   EXPECT_EQ(g_Cartoma.CopyTabMetadata(m_folder.Path() + "/none.tab", target), 0);
   EXPECT_EQ(ReadFile(target), "!table\nbegin_metadata\n\"\\Mine\" = \"1\"\n");
   EXPECT_EQ(g_Cartoma.CopyTabMetadata(m_source, m_folder.Path() + "/absent.tab"), 0);
   EXPECT_FALSE(std::filesystem::exists(m_folder.Path() + "/absent.tab"));
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(m_folder.Path()), {}), 2);
-}
 
-TEST_F(CopyMetadataTest, AnUpperCasedTargetPathStillFindsItsFolder) {
-  const std::string target = m_folder.Write("Sub Dir/lower.tab", "!table\n");
-  const std::string upper = fk::ToUpper(target);
-  ASSERT_NE(upper, target);
+  // An upper-cased target path still finds its folder.
+  const std::string lower = m_folder.Write("Sub Dir/lower.tab", "!table\n");
+  const std::string upper = fk::ToUpper(lower);
+  ASSERT_NE(upper, lower);
   EXPECT_EQ(g_Cartoma.CopyTabMetadata(m_source, upper), 1);
-  EXPECT_EQ(ReadFile(target), "!table\r\nbegin_metadata\r\n\"\\Key\" = \"1\"\r\n\"\\Other\" = \"2\"\r\n");
+  EXPECT_EQ(ReadFile(lower), "!table\r\nbegin_metadata\r\n\"\\Key\" = \"1\"\r\n\"\\Other\" = \"2\"\r\n");
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(m_folder.Path() + "/Sub Dir"), {}), 1);
 }
 

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "host/cartoma.h"
-#include "support/scripted_host.h"
+#include "support/host/scripted_host.h"
 #include "support/session_fixture.h"
 
 using ::testing::ElementsAre;

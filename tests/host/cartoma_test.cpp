@@ -8,7 +8,7 @@
 #include "host/cartoma.h"
 #include "platform/automation/class_registry.h"
 #include "platform/automation/exceptions.h"
-#include "support/scripted_host.h"
+#include "support/host/scripted_host.h"
 #include "support/session_fixture.h"
 
 using ::testing::ElementsAre;
@@ -23,7 +23,7 @@ int Checks(const ScriptedHost& host) {
 }
 
 TEST_F(CartomaTest, ConnectBorrowsTheScriptsObjectAndChecksTheApplicationOnce) {
-  ScriptedHost host;
+  ScriptedHost host, second;
   host.AddScript("terravik.cbx");
   ASSERT_EQ(g_Cartoma.Connect(host.Handle(), 1), 1);
   EXPECT_EQ(Checks(host), 1);
@@ -31,15 +31,21 @@ TEST_F(CartomaTest, ConnectBorrowsTheScriptsObjectAndChecksTheApplicationOnce) {
   EXPECT_FALSE(g_CartomaDriver.AutoRelease());
   EXPECT_FALSE(host.Visible()) << "Visible is set only on a host found by its ProgID";
 
-  // Connecting again with the same object: nothing is asked, nothing checked.
+  // Connecting again: the same object is asked nothing, another one takes
+  // the place of the first without a check.
   host.ClearTranscript();
   EXPECT_EQ(g_Cartoma.Connect(host.Handle(), 1), 1);
   EXPECT_TRUE(host.Transcript().empty());
+  EXPECT_EQ(g_Cartoma.Connect(second.Handle(), 1), 1);
+  EXPECT_EQ(Checks(second), 0);
+  g_Cartoma.Do("Close All");
+  EXPECT_THAT(second.Statements(), ElementsAre("Do: Close All"));
+  EXPECT_TRUE(host.Statements().empty());
 
   // Borrowed, not owned: when the host withdraws its object, the library
   // holds no reference that keeps it alive.
-  host.Revoke();
-  EXPECT_EQ(host.Releases(), 1);
+  second.Revoke();
+  EXPECT_FALSE(second.HeldByLibrary());
   // The call itself now fails: Eval turns that into the framework's message,
   // Do catches only the host's own failures.
   int error = 0;
@@ -47,17 +53,6 @@ TEST_F(CartomaTest, ConnectBorrowsTheScriptsObjectAndChecksTheApplicationOnce) {
   EXPECT_EQ(error, 1);
   EXPECT_FALSE(g_Cartoma.m_strLastError.empty());
   EXPECT_THROW(g_Cartoma.Do("Close All"), fk::OleException);
-}
-
-TEST_F(CartomaTest, ConnectWithAnotherObjectSwapsTheDriverWithoutACheck) {
-  ScriptedHost first, second;
-  ASSERT_EQ(g_Cartoma.Connect(first.Handle(), 1), 1);
-  ASSERT_EQ(Checks(first), 1);
-  EXPECT_EQ(g_Cartoma.Connect(second.Handle(), 1), 1);
-  EXPECT_EQ(Checks(second), 0);
-  g_Cartoma.Do("Close All");
-  EXPECT_THAT(second.Statements(), ElementsAre("Do: Close All"));
-  EXPECT_TRUE(first.Statements().empty());
 }
 
 TEST_F(CartomaTest, ConnectWithoutAHandleFindsTheRunningHostAndMakesItVisible) {
@@ -161,9 +156,11 @@ TEST_F(CartomaTest, TheMemoAnswersRepeatedExpressionsIgnoringCaseWithinItsSlots)
   EXPECT_EQ(std::string(g_Cartoma.m_EvalCache[1].value).size(), 499u);
 }
 
-TEST_F(CartomaTest, FindApplicationScriptAsksInTheProductOrder) {
+TEST_F(CartomaTest, TheProductScriptIsFoundInTheProductOrderAndAnswersForTheProduct) {
   ScriptedHost host;
-  host.AddScript("zelvar.cbx");
+  ScriptedScript& script = host.AddScript("zelvar.cbx");
+  script.SetGlobal("TerviDir", "/opt/zelvar");
+  script.Answers().Answer("LAST PROJECTION NICENAME", "UTM 55");
   host.AddScript("utilities.cbx");
   ASSERT_EQ(g_Cartoma.Connect(host.Handle(), 0), 1);
   host.ClearTranscript();
@@ -173,10 +170,16 @@ TEST_F(CartomaTest, FindApplicationScriptAsksInTheProductOrder) {
               ElementsAre("CBXApplications", "CBXApplications.Item: terravik.cbx",
                           "CBXApplications.Item: zelvar3d.cbx", "CBXApplications.Item: zelvar.cbx",
                           "zelvar.cbx CBXGlobals"));
-
   host.ClearTranscript();
   EXPECT_EQ(g_Cartoma.FindApplicationScript(), 1);
   EXPECT_TRUE(host.Transcript().empty()) << "a found script is not searched again";
+
+  int error = -1;
+  EXPECT_EQ(g_Cartoma.GetTerviDir(), "/opt/zelvar");
+  EXPECT_EQ(g_Cartoma.GetCBXVariable("Missing", &error), "");
+  EXPECT_EQ(error, 0) << "a missing variable is no error";
+  EXPECT_EQ(g_Cartoma.ScriptEval("LAST PROJECTION NICENAME", &error), "UTM 55");
+  EXPECT_EQ(error, 0);
 }
 
 TEST_F(CartomaTest, NoProductScriptLeavesTheVariantAndGivesNoDirectory) {
@@ -192,21 +195,6 @@ TEST_F(CartomaTest, NoProductScriptLeavesTheVariantAndGivesNoDirectory) {
   bare.WithoutScripts();
   ASSERT_EQ(g_Cartoma.Connect(bare.Handle(), 0), 1);
   EXPECT_EQ(g_Cartoma.FindApplicationScript(), 0);
-}
-
-TEST_F(CartomaTest, ScriptVariablesAndQuestionsGoToTheFoundScript) {
-  ScriptedHost host;
-  ScriptedScript& script = host.AddScript("zelvar3d.cbx");
-  script.SetGlobal("TerviDir", "/opt/zelvar3d");
-  script.Answers().Answer("LAST PROJECTION NICENAME", "UTM 55");
-  ASSERT_EQ(g_Cartoma.Connect(host.Handle(), 1), 1);
-
-  int error = -1;
-  EXPECT_EQ(g_Cartoma.GetTerviDir(), "/opt/zelvar3d");
-  EXPECT_EQ(g_Cartoma.GetCBXVariable("Missing", &error), "");
-  EXPECT_EQ(error, 0) << "a missing variable is no error";
-  EXPECT_EQ(g_Cartoma.ScriptEval("LAST PROJECTION NICENAME", &error), "UTM 55");
-  EXPECT_EQ(error, 0);
 }
 
 }  // namespace

@@ -114,7 +114,7 @@ TEST(SafeArrayTest, KeepsElementTypeAndLowerBoundAndChecksIndexAndType) {
   EXPECT_THROW(ints.Append(Variant::Text("8")), OleException);
 }
 
-TEST(DispatchDriverTest, OwnsBorrowsDetachesAndDoesNothingWhenEmpty) {
+TEST(DispatchDriverTest, OwnsBorrowsDetachesCreatesByClassAndDoesNothingWhenEmpty) {
   fk::DispatchDriver driver;
   EXPECT_TRUE(driver.InvokeMethod(1, {Variant::Int(1)}).IsEmpty());
   auto object = std::make_shared<FakeObject>();
@@ -134,9 +134,8 @@ TEST(DispatchDriverTest, OwnsBorrowsDetachesAndDoesNothingWhenEmpty) {
   detached.reset();
   EXPECT_TRUE(owned.expired()) << "a borrowed object is not kept alive";
   EXPECT_THROW(driver.InvokeMethod(1), OleException);
-}
 
-TEST(DispatchDriverTest, CreateDispatchGoesThroughTheClassRegistryIgnoringCase) {
+  // CreateDispatch goes through the class registry, ignoring case.
   auto& classes = fk::ClassRegistry::Instance();
   std::weak_ptr<FakeObject> made;
   classes.RegisterClass("Formkit.TestObject", [&] {
@@ -144,7 +143,6 @@ TEST(DispatchDriverTest, CreateDispatchGoesThroughTheClassRegistryIgnoringCase) 
     made = object;
     return object;
   });
-  fk::DispatchDriver driver;
   ASSERT_TRUE(driver.CreateDispatch("FORMKIT.testobject"));
   driver.InvokeMethod(5, {Variant::Int(1)});
   ASSERT_FALSE(made.expired()) << "a created object is owned by the driver";

@@ -5,6 +5,7 @@
 
 #include <climits>
 #include <cstdio>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -77,6 +78,30 @@ TEST(TextFileTest, WriterWritesCrLfAndReportsAFailedWrite) {
   EXPECT_FALSE(writer.Close());
 }
 
+// Pieces of every size, wherever they meet the buffer's end, give the bytes
+// of a text-mode file.
+TEST(TextFileTest, PiecesOfEverySizeReachTheFileWithCRLF) {
+  ScopedFolder folder;
+  const std::string path = folder.Path() + "/pieces.txt";
+  std::mt19937 random(5);
+  std::string expected, bytes;
+  fk::TextWriter writer;
+  ASSERT_TRUE(writer.Open(path));
+  for (int piece = 0; piece < 3000; ++piece) {
+    const std::size_t size = piece % 500 == 7 ? 70000 + random() % 70000 : random() % 40;
+    std::string text(size, 'x');
+    for (char& c : text) c = "ab\n9."[random() % 5];
+    if (piece % 3 == 0 && text.find('\n') == std::string::npos)
+      writer.WritePlain(text);
+    else
+      writer.Write(text);
+    expected += text;
+  }
+  EXPECT_TRUE(writer.Close());
+  for (char c : expected) bytes += c == '\n' ? std::string("\r\n") : std::string(1, c);
+  EXPECT_EQ(ReadFile(path), bytes);
+}
+
 TEST(TextFileTest, GetsReadsLikeFgetsOnATextModeFile) {
   ScopedFolder folder;
   const std::string longLine(250, 'x');
@@ -118,9 +143,8 @@ TEST(MessageFormatTest, FillsPlacesLikeTheSystemsMessageFormatter) {
   for (int i = 1; i <= 12; ++i) many.emplace_back("a" + std::to_string(i));
   EXPECT_EQ(fk::FormatMessageText("%10,%12!s!,%1", many), "a10,a12,a1");
   EXPECT_EQ(fk::FormatMessageText("%10", args), "") << "%10 is the tenth argument, not the first and a 0";
-}
 
-TEST(StringTableTest, AnIdTheTableLacksGivesNoText) {
+  // An id the string table lacks gives no text.
   EXPECT_FALSE(fk::HasString(1));
   EXPECT_EQ(fk::LoadString(1), "");
   EXPECT_EQ(fk::LoadString(4294967295u), "");

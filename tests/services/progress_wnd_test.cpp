@@ -10,7 +10,7 @@ namespace {
 
 using ProgressWndTest = HeadlessTest;
 
-TEST_F(ProgressWndTest, TheTitleChangesOnlyWithTheRoundedPercentage) {
+TEST_F(ProgressWndTest, TheTitleChangesOnlyWithTheRoundedPercentageOfARange) {
   {
     CProgressWnd progress("Export Progress");
     progress.SetText("Exporting %s: %d rows", "Holes", 200000);
@@ -22,16 +22,14 @@ TEST_F(ProgressWndTest, TheTitleChangesOnlyWithTheRoundedPercentage) {
   EXPECT_EQ(record.text, "Exporting Holes: 200000 rows");
   EXPECT_EQ(record.pos, 200000);
   EXPECT_EQ(record.titleChanges, 1 + 100) << "the first title, then one change per percent";
-}
 
-TEST_F(ProgressWndTest, AnEmptyRangeKeepsTheTitle) {
-  CProgressWnd progress;
-  progress.SetRange(0, 0, 1);
-  progress.StepIt();
-  progress.StepIt();
-  EXPECT_EQ(m_ui.Progress().back()->title, "Progress");
+  CProgressWnd empty;
+  empty.SetRange(0, 0, 1);
+  empty.StepIt();
+  empty.StepIt();
+  EXPECT_EQ(m_ui.Progress().back()->title, "Progress") << "an empty range keeps the title";
   EXPECT_EQ(m_ui.Progress().back()->titleChanges, 1);
-  EXPECT_EQ(progress.m_nPrevPercent, 0);
+  EXPECT_EQ(empty.m_nPrevPercent, 0);
 }
 
 TEST_F(ProgressWndTest, CancelStopsTheLoopAndRemembersWhereTheWindowStood) {
@@ -53,9 +51,8 @@ TEST_F(ProgressWndTest, CancelStopsTheLoopAndRemembersWhereTheWindowStood) {
   // Headless windows stand centred on a 1024 by 768 screen.
   EXPECT_EQ(theApp.GetProfileInt("Settings", "X", -1), (1024 - 390) / 2);
   EXPECT_GE(theApp.GetProfileInt("Settings", "Y", -1), 0);
-}
 
-TEST_F(ProgressWndTest, AStoredPositionOffTheScreenFallsBackToTheCentre) {
+  // A stored position off the screen falls back to the centre.
   theApp.WriteProfileInt("Settings", "X", 5000);
   theApp.WriteProfileInt("Settings", "Y", 10);
   { CProgressWnd progress; }

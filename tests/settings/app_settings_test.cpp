@@ -52,6 +52,8 @@ TEST_F(AppSettingsTest, TheUsersFileWinsOverTheGivenFile) {
   EXPECT_EQ(m_lastResult, 0);
   EXPECT_EQ(SetAppSetting("Grid", "Colour", "", m_given.c_str()), 1);
   EXPECT_EQ(Get("Grid", "Colour"), "Red") << "an empty value is no value";
+  ASSERT_EQ(SetAppSetting("Grid", "Note", std::string(1500, 'x').c_str(), m_given.c_str()), 1);
+  EXPECT_EQ(Get("Grid", "Note"), std::string(1023, 'x')) << "a long value is cut to the read limit";
 }
 
 TEST_F(AppSettingsTest, TheProductAndTheInstallationPickTheUsersFolder) {
@@ -68,11 +70,6 @@ TEST_F(AppSettingsTest, TheProductAndTheInstallationPickTheUsersFolder) {
   g_Cartoma.m_nProductVariant = 2;
   EXPECT_EQ(SetAppSetting("Grid", "CellSize", "1", m_given.c_str()), 0) << "Zelvar3D has no folder yet";
   EXPECT_EQ(Get("Grid", "CellSize"), "25");
-}
-
-TEST_F(AppSettingsTest, ALongValueIsCutToTheReadLimit) {
-  ASSERT_EQ(SetAppSetting("Grid", "Note", std::string(1500, 'x').c_str(), m_given.c_str()), 1);
-  EXPECT_EQ(Get("Grid", "Note"), std::string(1023, 'x'));
 }
 
 }  // namespace

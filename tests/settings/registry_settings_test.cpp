@@ -9,7 +9,7 @@
 #include "platform/registry/registry.h"
 #include "settings/last_version.h"
 #include "settings/open_grids.h"
-#include "support/scripted_host.h"
+#include "support/host/scripted_host.h"
 #include "support/session_fixture.h"
 
 namespace {
@@ -22,7 +22,7 @@ std::optional<std::string> Stored(const char* key, const char* name) {
 
 using RegistrySettingsTest = SessionTest;
 
-TEST_F(RegistrySettingsTest, TheViewerVersionFollowsTheVariant) {
+TEST_F(RegistrySettingsTest, TheViewerVersionAndDirectoriesGoToTheKeysOfTheirProduct) {
   EXPECT_EQ(GetLastVersion(), "3.0");
   EXPECT_EQ(SetLastVersion("4.2.1"), 1);
   EXPECT_EQ(Stored("Software\\Orvex\\Terravik\\Setup", "LastVersion"), "4.2.1");
@@ -31,9 +31,7 @@ TEST_F(RegistrySettingsTest, TheViewerVersionFollowsTheVariant) {
   g_Cartoma.m_nProductVariant = 4;
   EXPECT_EQ(SetLastVersion("5.0"), 0);
   EXPECT_EQ(GetLastVersion(), "3.0");
-}
 
-TEST_F(RegistrySettingsTest, DirectoriesGoToTheirKeys) {
   g_Cartoma.m_nProductVariant = 7;
   EXPECT_EQ(SaveConfigDirInRegistry("/srv/config"), 1);
   EXPECT_EQ(Stored("Software\\Orvex\\Terravik\\Setup", "ConfigDir"), "/srv/config") << "out of range counts as Terravik";

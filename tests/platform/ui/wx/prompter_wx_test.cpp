@@ -53,7 +53,7 @@ TEST_F(PrompterWxTest, MessageBoxesShowTheSystemsButtonsAndIconsAndAnswerItsIds)
   }
 }
 
-TEST_F(PrompterWxTest, TheOpenBoxTakesTheSystemsFilterAndStartNameAndAddsTheExtension) {
+TEST_F(PrompterWxTest, TheFileBoxesTakeTheSystemsFilterAndStartNameAndAddTheExtension) {
   FileDialogRequest request;
   request.defaultExt = "tab";
   request.fileName = Path("holes.tab");
@@ -76,11 +76,9 @@ TEST_F(PrompterWxTest, TheOpenBoxTakesTheSystemsFilterAndStartNameAndAddsTheExte
 
   m_dialogs.Answer([](wxDialog&) { return wxID_CANCEL; });
   EXPECT_EQ(Prompts().FileDialog(request), std::nullopt);
-}
 
-TEST_F(PrompterWxTest, TheSaveBoxAsksBeforeReplacingTheNameWithItsExtension) {
+  // The save box asks before replacing the name with its extension.
   std::ofstream(Path("collars.tab")) << "!table\n";
-  FileDialogRequest request;
   request.open = false;
   request.defaultExt = "*.tab";
   request.filter = "Cartoma Table (*.tab)|*.tab||";
@@ -100,7 +98,7 @@ TEST_F(PrompterWxTest, TheSaveBoxAsksBeforeReplacingTheNameWithItsExtension) {
   });
   answerName("assays");
   EXPECT_EQ(Prompts().FileDialog(request), Path("assays.tab"));
-  EXPECT_EQ(m_dialogs.Met(), 3);
+  EXPECT_EQ(m_dialogs.Met(), 5);
 }
 
 TEST_F(PrompterWxTest, TheFolderPickerHasTheTitleAndGivesTheChosenFolder) {

@@ -21,7 +21,7 @@ class PropertySheetWxTest : public ToolkitTest {
  protected:
   int Run() {
     return Backend().RunPropertySheet("Export Options", {&m_first, &m_second},
-                                      {&FirstPageTemplate(), &SecondPageTemplate()});
+                                      {&TestTemplate(9101), &TestTemplate(9102)});
   }
 
   ProbeDialog m_first{9101};
@@ -39,7 +39,7 @@ void PressSheet(wxDialog& sheet, int id) {
   button->HandleWindowEvent(event);
 }
 
-TEST_F(PropertySheetWxTest, PagesWorkForTheirOwnCodeAndOKAsksEveryPage) {
+TEST_F(PropertySheetWxTest, PagesWorkForTheirOwnCodeAndOKCancelAndTheCloseBoxAskEveryPage) {
   m_first.onInit = [](fk::ui::DialogView& view) { view.ListAdd(1201, "HoleID"); };
   m_first.onButton = [](fk::ui::DialogView& view, fk::ui::Prompter&, int) { view.ListAdd(1201, "Depth"); };
   m_second.onInit = [](fk::ui::DialogView& view) { view.SetText(1301, "/data/out"); };
@@ -62,9 +62,9 @@ TEST_F(PropertySheetWxTest, PagesWorkForTheirOwnCodeAndOKAsksEveryPage) {
   EXPECT_EQ(Run(), fk::ui::IDOK);
   EXPECT_THAT(m_first.calls, ElementsAre("init", "button 1202", "ok", "ok"));
   EXPECT_THAT(m_second.calls, ElementsAre("init", "ok", "ok"));
-}
 
-TEST_F(PropertySheetWxTest, CancelAndTheCloseBoxAskEveryPageAndAPageCanEndTheSheet) {
+  m_first.calls.clear();
+  m_second.calls.clear();
   m_dialogs.Use([](wxDialog& sheet) { sheet.Close(); });  // the close box
   EXPECT_EQ(Run(), fk::ui::IDCANCEL);
   EXPECT_THAT(m_first.calls, ElementsAre("init", "cancel"));

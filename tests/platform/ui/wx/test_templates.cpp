@@ -1,46 +1,36 @@
 #include "test_templates.h"
 
 #include <fstream>
-#include <initializer_list>
-#include <memory>
+#include <map>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/ui/dialog_view.h"
 
-namespace {
-
-// The template `id` from templates/<id>.xrc, with the controls the view
-// looks for. The text lives as long as the template.
-fk::ui::DialogTemplate Make(unsigned id, const char* title, std::initializer_list<int> controls) {
-  static std::vector<std::unique_ptr<std::string>> texts;
+const fk::ui::DialogTemplate& TestTemplate(unsigned id) {
+  struct Made {
+    std::string xrc;
+    fk::ui::DialogTemplate made;
+  };
+  static std::map<unsigned, Made> templates;
+  if (auto it = templates.find(id); it != templates.end()) return it->second.made;
+  const std::map<unsigned, std::pair<const char*, std::vector<int>>> titlesAndControls = {
+      {9001,
+       {"Every Control",
+        {EDIT, LABEL, TRISTATE, RADIO_ONE, RADIO_TWO, LIST, COMBO, CHOICE, REPORT, ACT, fk::ui::IDOK,
+         fk::ui::IDCANCEL}}},
+      {9101, {"Columns", {1201, 1202}}},
+      {9102, {"Output", {1301}}}};
+  Made& made = templates[id];
   std::ifstream file(FORMKIT_SOURCE_DIR "/tests/platform/ui/wx/templates/" + std::to_string(id) + ".xrc");
   std::ostringstream text;
   text << file.rdbuf();
-  fk::ui::DialogTemplate made;
-  made.id = id;
-  made.xrc = *texts.emplace_back(std::make_unique<std::string>(text.str()));
-  made.title = title;
-  for (int control : controls) made.controls[control] = {};
-  return made;
-}
-
-}  // namespace
-
-const fk::ui::DialogTemplate& EveryControlTemplate() {
-  static const fk::ui::DialogTemplate made = Make(9001, "Every Control",
-                                                  {EDIT, LABEL, TRISTATE, RADIO_ONE, RADIO_TWO, LIST, COMBO, CHOICE,
-                                                   REPORT, ACT, fk::ui::IDOK, fk::ui::IDCANCEL});
-  return made;
-}
-
-const fk::ui::DialogTemplate& FirstPageTemplate() {
-  static const fk::ui::DialogTemplate made = Make(9101, "Columns", {1201, 1202});
-  return made;
-}
-
-const fk::ui::DialogTemplate& SecondPageTemplate() {
-  static const fk::ui::DialogTemplate made = Make(9102, "Output", {1301});
-  return made;
+  made.xrc = text.str();
+  made.made.id = id;
+  made.made.xrc = made.xrc;
+  made.made.title = titlesAndControls.at(id).first;
+  for (int control : titlesAndControls.at(id).second) made.made.controls[control] = {};
+  return made.made;
 }

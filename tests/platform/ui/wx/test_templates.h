@@ -1,7 +1,7 @@
-// Dialog templates made for the toolkit tests (templates/<id>.xrc): a box
-// with a control of every kind the dialog view knows, and two pages for a
-// property sheet. They are given to the backend the way the library gives
-// its own.
+// Dialog templates made for the toolkit tests (templates/<id>.xrc), given
+// to the backend the way the library gives its own: 9001, a box with a
+// control of every kind the dialog view knows; 9101 and 9102, two pages
+// for a property sheet (a list and a button; an edit control).
 #pragma once
 
 #include "platform/ui/dialog_template.h"
@@ -20,7 +20,4 @@ enum EveryControl {
   ACT = 1109,
 };
 
-const fk::ui::DialogTemplate& EveryControlTemplate();
-// Pages: the first has a list and a button, the second an edit control.
-const fk::ui::DialogTemplate& FirstPageTemplate();
-const fk::ui::DialogTemplate& SecondPageTemplate();
+const fk::ui::DialogTemplate& TestTemplate(unsigned id);

@@ -1,8 +1,10 @@
-// A scripted host for tests: an in-process automation object with the host's
-// eleven members at their dispatch ids, registered through the host C API.
-// It answers expressions from a table, raises the failures it is told to
-// raise, keeps scripts with global variables in its CBXApplications
-// collection, and writes every call it gets to a transcript, in order.
+// A scripted host for tests: automation objects with the host's members at
+// their dispatch ids, registered through the host C API as any host
+// registers its object (the emulator's C API adapter; so this folder is
+// only in the test programs that link the emulator). It answers
+// expressions from a table, raises the failures it is told to raise, keeps
+// scripts with global variables in its CBXApplications collection, and
+// writes every call it gets to a transcript, in order.
 //
 // Transcript lines:
 //   "Visible = true"  "Do: <statement>"  "Eval: <expression>"
@@ -12,7 +14,6 @@
 //   "<script>.<variable> Value"
 #pragma once
 
-#include <cstdint>
 #include <deque>
 #include <functional>
 #include <map>
@@ -21,8 +22,7 @@
 #include <string>
 #include <vector>
 
-#include "formkit/host.h"
-#include "support/host_api.h"
+#include "sim/host/c_api_object.h"
 
 class ScriptedHost;
 
@@ -31,16 +31,16 @@ class ScriptedAnswers {
  public:
   // Eval of `expression` gives `value` (every time, or each in turn with the
   // last one repeating).
-  void Answer(const std::string& expression, const std::string& value);
+  void Answer(const std::string& expression, const std::string& value) { m_answers[expression] = {value}; }
   void AnswerInTurn(const std::string& expression, std::vector<std::string> values);
   // Do of `statement`, or Eval of `expression`, raises `description`.
-  void Fail(const std::string& text, const std::string& description);
+  void Fail(const std::string& text, const std::string& description) { m_failures[text] = description; }
   // Answers for expressions the table doesn't hold; without it they raise.
-  void OnEval(std::function<std::optional<std::string>(const std::string&)> answer);
+  void OnEval(std::function<std::optional<std::string>(const std::string&)> answer) { m_fallback = std::move(answer); }
 
-  // The answer, or the description of the failure to raise.
-  bool EvalAnswer(const std::string& expression, std::string& value, std::string& failure);
-  bool DoAccepted(const std::string& statement, std::string& failure) const;
+  // The answer; a failure raises its description.
+  std::string Eval(const std::string& expression);
+  void Do(const std::string& statement) const;
 
  private:
   std::map<std::string, std::deque<std::string>> m_answers;
@@ -48,48 +48,38 @@ class ScriptedAnswers {
   std::function<std::optional<std::string>(const std::string&)> m_fallback;
 };
 
-class ScriptedScript {
+// A running script: its Do and Eval, and its global variables.
+class ScriptedScript final : public fk::Dispatch {
  public:
-  ScriptedScript(ScriptedHost& host, std::string name);
+  ScriptedScript(ScriptedHost& host, std::string name) : m_host(host), m_name(std::move(name)) {}
   ScriptedAnswers& Answers() { return m_answers; }
   void SetGlobal(const std::string& name, const std::string& value) { m_globals[name] = value; }
+  fk::Variant Invoke(std::int32_t dispid, std::uint16_t flags, std::span<fk::Variant> args) override;
 
  private:
-  friend class ScriptedHost;
-  const HostApi& Api() const;
-  int Invoke(int32_t dispid, uint16_t flags, fk_value* const* args, int32_t count, fk_value* result, fk_error* error);
-  int InvokeGlobals(int32_t dispid, fk_value* const* args, int32_t count, fk_value* result);
+  fk::Variant Global(std::int32_t dispid, const std::string& name);
 
   ScriptedHost& m_host;
   std::string m_name;
   ScriptedAnswers m_answers;
   std::map<std::string, std::string> m_globals;
-  struct Variable {
-    ScriptedScript* script;
-    std::string name;
-  };
-  static int InvokeVariable(void* self, int32_t dispid, uint16_t flags, fk_value* const* args, int32_t count,
-                            fk_value* result, fk_error* error);
-
-  fk_object m_object{};
-  fk_object m_globalsObject{};
-  std::map<std::string, std::unique_ptr<Variable>> m_variables;
 };
 
 class ScriptedHost {
  public:
-  // Registers with the library whose API is `api`.
-  explicit ScriptedHost(const HostApi& api = HostApi::Linked());
-  ~ScriptedHost();
+  ScriptedHost();
+  ~ScriptedHost() { Revoke(); }
   ScriptedHost(const ScriptedHost&) = delete;
   ScriptedHost& operator=(const ScriptedHost&) = delete;
 
   // The handle the scripts pass to the exports; 0 after Revoke().
-  int32_t Handle() const { return m_handle; }
+  std::int32_t Handle() const { return m_registration ? m_registration->Handle() : 0; }
   // Withdraws the host's registration (the host goes away).
   void Revoke();
   // Makes this host the running "Cartoma.Application".
   void RegisterAsRunning();
+  // Whether the library still holds a reference to the host's object.
+  bool HeldByLibrary() const { return m_application.use_count() > 1; }
 
   ScriptedAnswers& Answers() { return m_answers; }
   // A script in the CBXApplications collection.
@@ -102,26 +92,19 @@ class ScriptedHost {
   std::vector<std::string> Statements() const;
   void ClearTranscript() { m_transcript.clear(); }
   void Record(std::string line) { m_transcript.push_back(std::move(line)); }
-
   bool Visible() const { return m_bVisible; }
-  const HostApi& Api() const { return m_api; }
-  // How often the library let go of its last reference to the host object.
-  int Releases() const { return m_nReleases; }
 
  private:
-  int Invoke(int32_t dispid, uint16_t flags, fk_value* const* args, int32_t count, fk_value* result, fk_error* error);
-  int InvokeApplications(int32_t dispid, fk_value* const* args, int32_t count, fk_value* result);
+  fk::Variant Invoke(std::int32_t dispid, std::uint16_t flags, std::span<fk::Variant> args);
+  fk::Variant Item(std::int32_t dispid, const std::string& name);
 
-  const HostApi& m_api;
   ScriptedAnswers m_answers;
-  std::map<std::string, std::unique_ptr<ScriptedScript>> m_scripts;
+  std::map<std::string, std::shared_ptr<ScriptedScript>> m_scripts;
   std::vector<std::string> m_transcript;
   std::string m_strLastError;
-  fk_object m_object{};
-  fk_object m_applicationsObject{};
-  int32_t m_handle = 0;
+  fk::DispatchPtr m_application, m_applications;
+  std::optional<sim::CApiRegistration> m_registration;
   bool m_bVisible = false;
   bool m_bNoCollection = false;
   bool m_bRunning = false;
-  int m_nReleases = 0;
 };

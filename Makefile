@@ -51,7 +51,7 @@ demo: configure
 	bash demo/run_demo.sh $(BUILD) demo-out
 
 bench: build
-	cmake --build $(BUILD) -j $(JOBS) --target benchmarks
+	cmake --build $(BUILD) -j $(JOBS) --target benchmarks boundary_bench
 
 # Line coverage of the library and the emulator by the whole suite, in a
 # build folder of its own.

@@ -1,5 +1,6 @@
-# Outside libraries. Only src/platform includes their headers; the list is
-# linked into the library as a whole.
+# Outside libraries. Only src/platform includes their headers. The core
+# library links only what nearly every export needs; heavy services are
+# libraries of their own, loaded on first use.
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(GIO REQUIRED IMPORTED_TARGET gio-2.0)
 find_package(SQLite3 REQUIRED)
@@ -7,10 +8,10 @@ find_package(fmt REQUIRED)
 
 set(FORMKIT_PLATFORM_LIBS PkgConfig::GIO SQLite::SQLite3 fmt::fmt)
 
-# Picture sizes: the platform's image loader first, then the raster library.
+# Picture sizes: the platform's image loader first, then the raster library,
+# each in a decoder library of its own (libformkit-pixbuf.so, libformkit-gdal.so).
 pkg_check_modules(GDKPIXBUF REQUIRED IMPORTED_TARGET gdk-pixbuf-2.0)
 find_package(GDAL CONFIG REQUIRED)
-list(APPEND FORMKIT_PLATFORM_LIBS PkgConfig::GDKPIXBUF GDAL::GDAL)
 
 # SimpleIni (libsimpleini-dev): the settings files. Header only as used
 # here: its implementation is compiled in, with no text conversion.

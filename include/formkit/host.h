@@ -39,6 +39,8 @@
 
 #include <stdint.h>
 
+#include "formkit/api.h"
+
 #ifdef __cplusplus
 extern "C" {
 #endif
@@ -71,43 +73,43 @@ typedef struct fk_object {
 
 /* Registers an object and returns its handle (never 0); 0 when `object` or
  * its invoke callback is missing. The table is copied. */
-int32_t fk_register_object(const fk_object *object);
+FK_API int32_t fk_register_object(const fk_object *object);
 /* Drops the registration; 1 when the handle was known. */
-int fk_revoke_object(int32_t handle);
+FK_API int fk_revoke_object(int32_t handle);
 /* Makes a registered object the running object of its class (for example
  * "Cartoma.Application"), found by exports that connect with no handle. */
-int fk_register_active_object(const char *prog_id, int32_t handle);
-int fk_revoke_active_object(const char *prog_id);
+FK_API int fk_register_active_object(const char *prog_id, int32_t handle);
+FK_API int fk_revoke_active_object(const char *prog_id);
 
 /* Reading a value. A reference argument reads as the value it refers to;
  * fk_value_type shows the type word as it travels, 0x4000 included. A
  * conversion that makes no sense gives 0 or an empty text. Texts stay valid
  * for the rest of the call. */
-uint16_t fk_value_type(const fk_value *value);
-int32_t fk_value_int(const fk_value *value);
-int fk_value_bool(const fk_value *value);
-double fk_value_double(const fk_value *value);
-const char *fk_value_text(const fk_value *value);
+FK_API uint16_t fk_value_type(const fk_value *value);
+FK_API int32_t fk_value_int(const fk_value *value);
+FK_API int fk_value_bool(const fk_value *value);
+FK_API double fk_value_double(const fk_value *value);
+FK_API const char *fk_value_text(const fk_value *value);
 
 /* Arrays: element type, lower bound, count and the element at an index
  * counted from the lower bound (NULL outside the bounds). */
-uint16_t fk_value_array_element_type(const fk_value *value);
-int32_t fk_value_array_lower_bound(const fk_value *value);
-int32_t fk_value_array_count(const fk_value *value);
-const fk_value *fk_value_array_element(const fk_value *value, int32_t index);
+FK_API uint16_t fk_value_array_element_type(const fk_value *value);
+FK_API int32_t fk_value_array_lower_bound(const fk_value *value);
+FK_API int32_t fk_value_array_count(const fk_value *value);
+FK_API const fk_value *fk_value_array_element(const fk_value *value, int32_t index);
 
 /* Writing the result, or an argument passed by reference (written through).
  * Each returns 1, or 0 when the value can't take it. */
-int fk_value_set_empty(fk_value *value);
-int fk_value_set_int(fk_value *value, int32_t number);
-int fk_value_set_bool(fk_value *value, int flag);
-int fk_value_set_double(fk_value *value, double number);
-int fk_value_set_text(fk_value *value, const char *text);
+FK_API int fk_value_set_empty(fk_value *value);
+FK_API int fk_value_set_int(fk_value *value, int32_t number);
+FK_API int fk_value_set_bool(fk_value *value, int flag);
+FK_API int fk_value_set_double(fk_value *value, double number);
+FK_API int fk_value_set_text(fk_value *value, const char *text);
 /* An object to give back (a collection, a script); NULL gives a null object. */
-int fk_value_set_object(fk_value *value, const fk_object *object);
+FK_API int fk_value_set_object(fk_value *value, const fk_object *object);
 
 /* Describes the failure of the current call. */
-void fk_fail(fk_error *error, const char *description);
+FK_API void fk_fail(fk_error *error, const char *description);
 
 #ifdef __cplusplus
 }

@@ -5,6 +5,7 @@
 #include <map>
 
 #include "errors.h"
+#include "platform/paths/paths.h"
 #include "host.h"
 #include "text_util.h"
 
@@ -329,7 +330,7 @@ const std::map<std::string, FunctionTable::Function>& FunctionTable::All() {
       {"FILEEXISTS",
        [](H& h, const E& c, R r) {
          Arity(c, 1);
-         return Flag(std::filesystem::exists(Text(h, c, 0, r)));
+         return Flag(std::filesystem::exists(fk::Native(Text(h, c, 0, r))));
        }},
   };
   return kFunctions;

@@ -1,5 +1,4 @@
 // Exports of the host session.
-#include <unistd.h>
 
 #include "formkit/formkit.h"
 #include "frame/export_args.h"
@@ -7,6 +6,7 @@
 #include "host/cartoma.h"
 #include "host/cartoma_direct.h"
 #include "platform/app/module_guard.h"
+#include "platform/process/process.h"
 
 extern "C" int ConnectToCartoma(int32_t dispatch) {
   return fk::GuardedCall("ConnectToCartoma", 0, [&] { return theApp.Connect(dispatch, 1); });
@@ -58,5 +58,5 @@ extern "C" const char* GetCartomaTableFieldValue(int32_t dispatch, const char* t
 }
 
 extern "C" int GetProcessID(void) {
-  return fk::GuardedCall("GetProcessID", 0, [] { return static_cast<int>(getpid()); });
+  return fk::GuardedCall("GetProcessID", 0, [] { return fk::CurrentProcessId(); });
 }

@@ -1,6 +1,5 @@
 #include "host/cartoma.h"
 
-#include <strings.h>
 
 #include <cstring>
 
@@ -10,6 +9,7 @@
 #include "platform/automation/exceptions.h"
 #include "platform/automation/handle_table.h"
 #include "platform/text/format.h"
+#include "platform/text/letter_case.h"
 
 // The host session and its connection are built before the application
 // object, which installs its profile switch into the session.
@@ -126,7 +126,7 @@ int CCartoma::Do(const std::string& statement, int immediate, int* error, int ke
 bool CCartoma::EvalFromMemo(const std::string& expression, std::string& value) const {
   // Every slot is compared, not only those in use.
   for (const EvalCacheEntry& slot : m_EvalCache) {
-    if (strcasecmp(slot.key, expression.c_str()) == 0) {
+    if (fk::EqualsNoCase(slot.key, expression)) {
       value = slot.value;
       return true;
     }

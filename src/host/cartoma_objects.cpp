@@ -1,6 +1,5 @@
 // Objects: their kind, style, colour and nodes, and the object variables
 // the library makes in the host.
-#include <cstdio>
 #include <span>
 
 #include "host/cartoma.h"
@@ -36,9 +35,7 @@ int StyleField(const std::string& style, int field) {
     if (position == std::string::npos) return 0;
     ++position;
   }
-  int value = 0;
-  if (std::sscanf(style.c_str() + position, "%d", &value) != 1) return 0;
-  return value;
+  return fk::Atoi(std::string_view(style).substr(position));
 }
 
 // ObjectGeography codes of the corner ring, as (x, y) pairs: a closed rectangle.

@@ -1,6 +1,6 @@
 #include "host/product_variant.h"
 
-#include <strings.h>
+#include "platform/text/letter_case.h"
 
 namespace {
 
@@ -31,6 +31,6 @@ int ProductVariantFromName(const char* name) {
   static const int kOrder[] = {VARIANT_TERRAVIK, VARIANT_ZELVAR3D, VARIANT_ZELVAR, VARIANT_VIGILPROFILER};
   if (!name) return -1;
   for (int variant : kOrder)
-    if (strcasecmp(name, kVariants[variant].pszName) == 0) return variant;
+    if (fk::EqualsNoCase(name, kVariants[variant].pszName)) return variant;
   return -1;
 }

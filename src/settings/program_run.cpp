@@ -1,8 +1,5 @@
 #include "settings/program_run.h"
 
-#include <chrono>
-#include <thread>
-
 #include "platform/loop/loop.h"
 #include "platform/process/process.h"
 #include "platform/text/format.h"
@@ -11,7 +8,7 @@ namespace {
 
 constexpr int kEventsPerRound = 50;
 constexpr int kWaitPerRoundMs = 100;
-constexpr auto kPauseAfterExit = std::chrono::milliseconds(500);
+constexpr int kPauseAfterExitMs = 500;
 constexpr int kNotStarted = -1;
 constexpr int kNoExitCode = -2;
 
@@ -26,6 +23,6 @@ int RunProgramAndWait(const std::string& program, const std::string& arguments) 
   } while (!child.WaitForExit(kWaitPerRoundMs));
   const std::optional<int> exitCode = child.ExitCode();
   fk::PumpMessages(kEventsPerRound - dispatched);
-  std::this_thread::sleep_for(kPauseAfterExit);
+  fk::PauseThread(kPauseAfterExitMs);
   return exitCode.value_or(kNoExitCode);
 }

@@ -4,6 +4,7 @@
 
 #include "exchange/test_pictures.h"
 #include "formkit/formkit.h"
+#include "support/formkit_library.h"
 #include "support/session_fixture.h"
 
 namespace {
@@ -41,6 +42,15 @@ TEST(PictureSizeTest, MissingEmptyAndCorruptFilesGiveZeroAndLeaveTheOutputs) {
   int32_t width = 0;
   EXPECT_EQ(GetPictureSize(folder.Write("a.png", kPng1x1).c_str(), &width, nullptr), 0);
   EXPECT_EQ(GetPictureSize(nullptr, &width, &width), 0);
+}
+
+TEST(PictureSizeTest, ALibraryWhoseDecodersCantBeLoadedKnowsNoPictureAndGoesOn) {
+  ScopedFolder folder;
+  const FormkitLibrary copy;  // in the temporary folder, with no decoder library beside it
+  int32_t width = -7, height = -9;
+  EXPECT_EQ(FORMKIT_EXPORT(copy, GetPictureSize)(folder.Write("dem.asc", kAsciiGrid4x2).c_str(), &width, &height), 0);
+  EXPECT_EQ(width, -7);
+  EXPECT_EQ(FORMKIT_EXPORT(copy, GetRSSRegistry)(), 7) << "the other exports answer";
 }
 
 }  // namespace

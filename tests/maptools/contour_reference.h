@@ -11,15 +11,16 @@ struct ContourSegment {
   bool operator==(const ContourSegment&) const = default;
 };
 
-inline std::vector<ContourSegment> ReferenceContour(const double* const* d, int ilb, int iub, int jlb, int jub,
-                                                    const double* x, const double* y, int nc, const double* z) {
+// Each segment goes to `emit(x1, y1, x2, y2, level)`.
+template <typename Emit>
+void ClassicContour(const double* const* d, int ilb, int iub, int jlb, int jub, const double* x, const double* y,
+                    int nc, const double* z, Emit&& emit) {
   static const int castab[3][3][3] = {{{0, 0, 8}, {0, 2, 5}, {7, 6, 9}},
                                       {{0, 3, 4}, {1, 3, 1}, {4, 3, 0}},
                                       {{9, 6, 7}, {5, 2, 0}, {8, 0, 0}}};
   static const int im[4] = {0, 1, 1, 0};
   static const int jm[4] = {0, 0, 1, 1};
-  std::vector<ContourSegment> out;
-  if (nc <= 0) return out;
+  if (nc <= 0) return;
   double h[5], xh[5], yh[5];
   int sh[5];
   for (int j = jub - 1; j >= jlb; j--) {
@@ -59,10 +60,17 @@ inline std::vector<ContourSegment> ReferenceContour(const double* const* d, int 
             case 8: x1 = xsect(m2, m3); y1 = ysect(m2, m3); x2 = xsect(m3, m1); y2 = ysect(m3, m1); break;
             case 9: x1 = xsect(m3, m1); y1 = ysect(m3, m1); x2 = xsect(m1, m2); y2 = ysect(m1, m2); break;
           }
-          out.push_back({x1, y1, x2, y2, z[k]});
+          emit(x1, y1, x2, y2, z[k]);
         }
       }
     }
   }
+}
+
+inline std::vector<ContourSegment> ReferenceContour(const double* const* d, int ilb, int iub, int jlb, int jub,
+                                                    const double* x, const double* y, int nc, const double* z) {
+  std::vector<ContourSegment> out;
+  ClassicContour(d, ilb, iub, jlb, jub, x, y, nc, z,
+                 [&](double x1, double y1, double x2, double y2, double level) { out.push_back({x1, y1, x2, y2, level}); });
   return out;
 }

@@ -3,7 +3,8 @@
 // An export enters the module's state on the way in and leaves it on every
 // way out. Inside, numbers are read and written with a point whatever locale
 // the host process runs under (the thread's numeric locale is "C" for the
-// call and the caller's again afterwards).
+// call and the caller's again afterwards). The locale for numbers is made
+// once per thread and caller's locale, and reused.
 //
 // A C caller can't take a C++ exception: GuardedCall catches whatever the
 // system's own logic leaves uncaught and turns it into the export's failure
@@ -27,7 +28,6 @@ class ModuleGuard {
 
  private:
   void* m_previousLocale = nullptr;
-  void* m_moduleLocale = nullptr;
 };
 
 // Reports an exception that reached the export boundary.

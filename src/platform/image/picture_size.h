@@ -1,7 +1,8 @@
 // The size of a picture in pixels, from the two image libraries the system
 // leans on: the platform's own loader, which reads only the file's header,
 // and the raster library, which knows the formats of the GIS world. Paths go
-// through Native(). Neither call keeps anything between calls.
+// through Native(). Each decoder is a library of its own, loaded on its
+// first use; one that can't be loaded knows no picture.
 #pragma once
 
 #include <cstdint>

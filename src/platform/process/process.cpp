@@ -3,6 +3,7 @@
 #include <glib.h>
 #include <spawn.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -14,6 +15,10 @@
 extern char** environ;
 
 namespace fk {
+
+int CurrentProcessId() { return static_cast<int>(getpid()); }
+
+void PauseThread(int milliseconds) { std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds)); }
 namespace {
 
 constexpr auto kPollStep = std::chrono::milliseconds(10);

@@ -10,6 +10,11 @@
 
 namespace fk {
 
+// This process's id.
+int CurrentProcessId();
+// Lets the calling thread wait, doing nothing, for `milliseconds`.
+void PauseThread(int milliseconds);
+
 class ChildProcess {
  public:
   // Starts `program` (a path as the system writes it, through Native()) with

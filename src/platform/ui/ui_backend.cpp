@@ -1,14 +1,10 @@
 #include "platform/ui/ui_backend.h"
 
-#include <dlfcn.h>
-
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <filesystem>
-#include <mutex>
-#include <string>
 
+#include "platform/plugins/service_library.h"
 #include "platform/ui/headless/headless_ui.h"
 
 namespace fk::ui {
@@ -21,22 +17,9 @@ UiBackend* g_override = nullptr;
 constexpr const char* kToolkitLibrary = "libformkit-wx.so";
 constexpr const char* kToolkitEntry = "fk_wx_backend";
 
-std::string ThisLibraryFolder() {
-  Dl_info info{};
-  if (dladdr(reinterpret_cast<const void*>(&ThisLibraryFolder), &info) == 0 || !info.dli_fname) return {};
-  return std::filesystem::path(info.dli_fname).parent_path().string();
-}
-
 UiBackend* LoadToolkitBackend() {
-  const std::string folder = ThisLibraryFolder();
-  const std::string path = folder.empty() ? kToolkitLibrary : folder + "/" + kToolkitLibrary;
-  void* library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
-  if (!library) library = dlopen(kToolkitLibrary, RTLD_NOW | RTLD_LOCAL);
-  if (!library) {
-    std::fprintf(stderr, "formkit: dialog boxes run without a screen: %s\n", dlerror());
-    return nullptr;
-  }
-  auto entry = reinterpret_cast<UiBackend* (*)()>(dlsym(library, kToolkitEntry));
+  auto entry = reinterpret_cast<UiBackend* (*)()>(ServiceEntry(kToolkitLibrary, kToolkitEntry));
+  if (!entry) std::fprintf(stderr, "formkit: dialog boxes run without a screen\n");
   return entry ? entry() : nullptr;
 }
 

@@ -68,19 +68,13 @@ TEST_F(LibraryOnEmulator, ConnectingFindsTheProductScriptOfTheHost) {
 TEST_F(LibraryOnEmulator, StatementsAndExpressionsRunOnRealTables) {
   const std::string collars = CopySamples(m_folder, {"collars"});
   ASSERT_EQ(Do("Open Table \"" + collars + "\" As Collars Hide"), 1) << LastError();
-  EXPECT_EQ(Eval("NumTables()"), "1");
-  EXPECT_EQ(Eval("TableInfo(Collars, 8)"), "5");
   EXPECT_EQ(Eval("ColumnInfo(Collars, COL2, 1)"), "East");
-  EXPECT_EQ(Eval("TableInfo(1, 30)"), "Map Grid of Australia (GDA94) Zone 55");
   ASSERT_EQ(Do("Select HoleID, MaxDepth From Collars Where MaxDepth > 150 Order By MaxDepth Desc Into Deep"), 1)
       << LastError();
   EXPECT_EQ(Eval("TableInfo(Deep, 8)"), "2");
   ASSERT_EQ(Do("Fetch First From Deep"), 1);
   EXPECT_EQ(Eval("Deep.HoleID & \" \" & Deep.COL2"), "BD004 200");
-  EXPECT_EQ(Eval("SelectionInfo(1)"), "Deep");
-  EXPECT_EQ(
-      std::string(FORMKIT_EXPORT(*this, GetCartomaTableFieldValue)(m_handle, "Deep", "HoleID")),
-      "BD004");
+  EXPECT_STREQ(FORMKIT_EXPORT(*this, GetCartomaTableFieldValue)(m_handle, "Deep", "HoleID"), "BD004");
 }
 
 TEST_F(LibraryOnEmulator, AMalformedStatementGivesItsDescriptionAndTheNextStatementWorks) {

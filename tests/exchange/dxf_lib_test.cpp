@@ -27,8 +27,7 @@ class DXFExportsTest : public ::testing::Test {
   FormkitLibrary m_library;
   ScopedFolder m_folder;
   decltype(&DXFCreate) m_create = FORMKIT_EXPORT(m_library, DXFCreate);
-  decltype(&DXFCreateWithBounds) m_createWithBounds =
-      FORMKIT_EXPORT(m_library, DXFCreateWithBounds);
+  decltype(&DXFCreateWithBounds) m_createWithBounds = FORMKIT_EXPORT(m_library, DXFCreateWithBounds);
   decltype(&DXFColor) m_color = FORMKIT_EXPORT(m_library, DXFColor);
   decltype(&DXFPoint) m_point = FORMKIT_EXPORT(m_library, DXFPoint);
   decltype(&DXFLine) m_line = FORMKIT_EXPORT(m_library, DXFLine);
@@ -40,6 +39,7 @@ class DXFExportsTest : public ::testing::Test {
 TEST_F(DXFExportsTest, AFileWithoutEntitiesIsTheHeadAndTheTail) {
   ASSERT_EQ(m_create(Path("empty.dxf").c_str()), 1);
   EXPECT_EQ(m_close(), 1);
+  EXPECT_EQ(m_close(), 0) << "a second close has no file to end";
   EXPECT_EQ(ReadFile(Path("empty.dxf")), OnDisk(kHead + kTail));
 
   ASSERT_EQ(m_createWithBounds(Path("bounds.dxf").c_str(), 5, -2.5, 1e6, -1, 0.0078125, -0.0000004), 1);
@@ -100,11 +100,6 @@ TEST_F(DXFExportsTest, NothingIsWrittenWithoutAnOpenFile) {
   EXPECT_EQ(m_polyline(v, v, v, 1), 0);
   EXPECT_EQ(m_region(v, v, v, 1), 0);
   EXPECT_EQ(m_close(), 0);
-
-  ASSERT_EQ(m_create(Path("a.dxf").c_str()), 1);
-  EXPECT_EQ(m_close(), 1);
-  EXPECT_EQ(m_close(), 0) << "a second close has no file to end";
-  EXPECT_EQ(ReadFile(Path("a.dxf")), OnDisk(kHead + kTail));
 }
 
 TEST_F(DXFExportsTest, ANewFileLeavesTheOpenOneWithoutItsEndAndKeepsTheColour) {

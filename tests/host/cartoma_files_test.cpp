@@ -6,7 +6,6 @@
 
 #include "formkit/formkit.h"
 #include "host/cartoma.h"
-#include "platform/text/letter_case.h"
 #include "support/host/scripted_host.h"
 #include "support/session_fixture.h"
 
@@ -48,26 +47,12 @@ TEST_F(HostFilesTest, GridStyleAndControlPoints) {
 
   ScriptedHost host;
   ASSERT_EQ(g_Cartoma.Connect(host.Handle(), 0), 1);
-  host.Answers().Answer("TableInfo(DEM, 19)", tab);
-  host.Answers().Answer("TableInfo(Photo, 19)", folder.Write("photo.tab", "RasterStyle 4 1\n"));
-  host.Answers().Answer("TableInfo(Gone, 19)", folder.Path() + "/gone.tab");
+  host.Answers().Answer({{"TableInfo(DEM, 19)", tab},
+                         {"TableInfo(Photo, 19)", folder.Write("photo.tab", "RasterStyle 4 1\n")},
+                         {"TableInfo(Gone, 19)", folder.Path() + "/gone.tab"}});
   EXPECT_EQ(g_Cartoma.IsGridRasterTab("DEM"), 1);
   EXPECT_EQ(g_Cartoma.IsGridRasterTab("Photo"), 0);
   EXPECT_EQ(g_Cartoma.IsGridRasterTab("Gone"), 0);
-}
-
-TEST_F(HostFilesTest, ALongLineArrivesInTwoPiecesAndATokenOnTheSeamIsNotFound) {
-  ScopedFolder folder;
-  const std::string longLine = std::string(195, 'x') + "RasterStyle 6 1";
-  const std::string tab = folder.Write("seam.tab", longLine + "\r\nshort\r\n");
-  std::vector<std::string> lines;
-  EXPECT_EQ(g_Cartoma.ReadTextLines(tab, lines), 0);
-  EXPECT_THAT(lines, ElementsAre(longLine.substr(0, 199), longLine.substr(199) + "\n", "short\n"));
-
-  ScriptedHost host;
-  ASSERT_EQ(g_Cartoma.Connect(host.Handle(), 0), 1);
-  host.Answers().Answer("TableInfo(Seam, 19)", tab);
-  EXPECT_EQ(g_Cartoma.IsGridRasterTab("Seam"), 0);
 }
 
 class CopyMetadataTest : public SessionTest {
@@ -94,29 +79,23 @@ TEST_F(CopyMetadataTest, TheTargetKeepsItsHeadAndTakesTheSourcesBlockUnderItsOwn
   EXPECT_EQ(ReadFile(plain), "!table\r\nFields 1\r\nbegin_metadata\r\n") << "an empty block";
 }
 
-TEST_F(CopyMetadataTest, AMissingSourceOrTargetChangesNothingAndAnUpperCasedPathFindsItsFolder) {
+TEST_F(CopyMetadataTest, AMissingSourceOrTargetChangesNothing) {
   const std::string target = m_folder.Write("keep.tab", "!table\nbegin_metadata\n\"\\Mine\" = \"1\"\n");
   EXPECT_EQ(g_Cartoma.CopyTabMetadata(m_folder.Path() + "/none.tab", target), 0);
   EXPECT_EQ(ReadFile(target), "!table\nbegin_metadata\n\"\\Mine\" = \"1\"\n");
   EXPECT_EQ(g_Cartoma.CopyTabMetadata(m_source, m_folder.Path() + "/absent.tab"), 0);
   EXPECT_FALSE(std::filesystem::exists(m_folder.Path() + "/absent.tab"));
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(m_folder.Path()), {}), 2);
-
-  // An upper-cased target path still finds its folder.
-  const std::string lower = m_folder.Write("Sub Dir/lower.tab", "!table\n");
-  const std::string upper = fk::ToUpper(lower);
-  ASSERT_NE(upper, lower);
-  EXPECT_EQ(g_Cartoma.CopyTabMetadata(m_source, upper), 1);
-  EXPECT_EQ(ReadFile(lower), "!table\r\nbegin_metadata\r\n\"\\Key\" = \"1\"\r\n\"\\Other\" = \"2\"\r\n");
-  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(m_folder.Path() + "/Sub Dir"), {}), 1);
 }
 
 TEST(PenFileTest, ThePenCountComesFromAPen2Header) {
   ScopedFolder folder;
-  EXPECT_EQ(GetCartomaPenCount(folder.Write("a.pen", std::string("PEN2\0\0\x2c\x01rest", 12)).c_str()), 300);
-  EXPECT_EQ(GetCartomaPenCount(folder.Write("b.pen", std::string("pen2\0\0\x05\0", 8)).c_str()), 5);
-  EXPECT_EQ(GetCartomaPenCount(folder.Write("c.pen", std::string("PEN1\0\0\x05\0", 8)).c_str()), 0);
-  EXPECT_EQ(GetCartomaPenCount(folder.Write("d.pen", std::string("PEN2\0\0\x05", 7)).c_str()), 0);
+  const std::pair<std::string, int> files[] = {{std::string("PEN2\0\0\x2c\x01rest", 12), 300},
+                                               {std::string("pen2\0\0\x05\0", 8), 5},
+                                               {std::string("PEN1\0\0\x05\0", 8), 0},
+                                               {std::string("PEN2\0\0\x05", 7), 0}};
+  for (const auto& [bytes, count] : files)
+    EXPECT_EQ(GetCartomaPenCount(folder.Write("a.pen", bytes).c_str()), count) << bytes.substr(0, 4);
   EXPECT_EQ(GetCartomaPenCount((folder.Path() + "/none.pen").c_str()), 0);
   EXPECT_EQ(GetCartomaPenCount(nullptr), 0);
 }

@@ -90,9 +90,8 @@ TEST_F(StatementsTest, TheLastStatementDecidesForObjectVariables) {
 }
 
 TEST_F(StatementsTest, TransformPointSetsEachSystemAndReadsThePointBack) {
-  m_host.Answers().Answer("ObjectInfo(_TempObj, 1)", "5");
-  m_host.Answers().Answer("ObjectGeography(_TempObj, 1)", "151.2");
-  m_host.Answers().Answer("ObjectGeography(_TempObj, 2)", "-33.85");
+  m_host.Answers().Answer({{"ObjectInfo(_TempObj, 1)", "5"}, {"ObjectGeography(_TempObj, 1)", "151.2"},
+                           {"ObjectGeography(_TempObj, 2)", "-33.85"}});
   double x = 0, y = 0;
   EXPECT_EQ(g_Cartoma.TransformPoint("Earth Projection 1, 104", 334000, 6252000,
                                      "CoordSys Earth Projection 1, 0", x, y), 1);
@@ -108,12 +107,9 @@ TEST_F(StatementsTest, TransformPointSetsEachSystemAndReadsThePointBack) {
 TEST_F(StatementsTest, RecolouringRewritesTheStyleOfTheObjectsKind) {
   auto recolour = [&](int type, const std::string& style, const std::string& brush) {
     m_host.ClearTranscript();
-    m_host.Answers().Answer("ObjectInfo(_colorObj, 1)", std::to_string(type));
-    m_host.Answers().Answer("ObjectInfo(_colorObj, 2)", style);
-    m_host.Answers().Answer("ObjectInfo(_colorObj, 3)", brush);
-    const int result = g_Cartoma.SetObjectColor("_colorObj", 255);
-    const auto lines = m_host.Statements();
-    return result ? lines.back() : std::string("none");
+    m_host.Answers().Answer({{"ObjectInfo(_colorObj, 1)", std::to_string(type)}, {"ObjectInfo(_colorObj, 2)", style},
+                             {"ObjectInfo(_colorObj, 3)", brush}});
+    return g_Cartoma.SetObjectColor("_colorObj", 255) ? m_host.Statements().back() : std::string("none");
   };
   EXPECT_EQ(recolour(4, "Pen (2,2,0)", ""), "Do: Alter Object _colorObj Info 2, MakePen(2,2,255)");
   EXPECT_EQ(recolour(5, "Symbol (35,0,12)", ""), "Do: Alter Object _colorObj Info 2, MakeSymbol(35,255,12)");
@@ -144,9 +140,8 @@ TEST_F(StatementsTest, CloseTablesByFileClosesEveryTableOfThatFile) {
   }
   EXPECT_TRUE(g_Cartoma.CloseTablesByFile("/data/b.tab", 0));
   const auto lines = m_host.Statements();
-  EXPECT_EQ(std::count(lines.begin(), lines.end(), "Do: Close Table \"B\""), 1);
-  EXPECT_EQ(std::count(lines.begin(), lines.end(), "Do: Close Table \"C\""), 1);
-  EXPECT_EQ(std::count(lines.begin(), lines.end(), "Do: Close Table \"A\""), 0);
+  for (const auto& [table, closes] : {std::pair{"A", 0}, {"B", 1}, {"C", 1}})
+    EXPECT_EQ(std::count(lines.begin(), lines.end(), std::string("Do: Close Table \"") + table + "\""), closes);
   EXPECT_FALSE(g_Cartoma.CloseTablesByFile("/data/none.tab", 0));
 }
 

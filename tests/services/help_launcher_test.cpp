@@ -45,13 +45,6 @@ class HelpLauncherTest : public HeadlessTest {
   std::string m_path;
 };
 
-// The file of each product is met in the runs below; here the lower-case
-// name and a variant outside the four.
-TEST(HelpParametersTest, LowerCaseNamesAndVariantsOutsideTheFour) {
-  EXPECT_EQ(HelpParameters(3, 7080, "/opt/v", true), "-mapid 7080 ms-its:/opt/v\\vigilprofiler.chm");
-  EXPECT_EQ(HelpParameters(4, 7080, "/opt/v", false), "");
-}
-
 TEST_F(HelpLauncherTest, TheHelpProgramOnThePathGetsTheParametersOfTheProduct) {
   const std::string record = InstallRecorder("hh.exe");
   setenv("PATH", (m_folder.Path() + ":" + m_path).c_str(), 1);

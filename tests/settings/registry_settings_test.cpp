@@ -57,13 +57,9 @@ TEST_F(RegistrySettingsTest, OpenGridsAreListedBesideTheirTables) {
   const std::string slope = folder.Write("slope.TAB", "  File \"slope.grd\"\n  RasterStyle 6 1\n");
   ScriptedHost host;
   ASSERT_EQ(g_Cartoma.Connect(host.Handle(), 0), 1);
-  host.Answers().Answer("NumTables()", "3");
-  host.Answers().Answer("TableInfo(1, 1)", "DEM");
-  host.Answers().Answer("TableInfo(2, 1)", "Photo");
-  host.Answers().Answer("TableInfo(3, 1)", "Slope");
-  host.Answers().Answer("TableInfo(DEM, 19)", dem);
-  host.Answers().Answer("TableInfo(Photo, 19)", photo);
-  host.Answers().Answer("TableInfo(Slope, 19)", slope);
+  host.Answers().Answer({{"NumTables()", "3"}, {"TableInfo(1, 1)", "DEM"}, {"TableInfo(2, 1)", "Photo"},
+                         {"TableInfo(3, 1)", "Slope"}, {"TableInfo(DEM, 19)", dem}, {"TableInfo(Photo, 19)", photo},
+                         {"TableInfo(Slope, 19)", slope}});
 
   EXPECT_EQ(GetOpenGridList(), folder.Path() + "/maps/DEM.GRD|" + folder.Path() + "/SLOPE.GRD");
   EXPECT_EQ(SaveAllOpenGridsInRegistry(), 1);

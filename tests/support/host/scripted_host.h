@@ -32,6 +32,9 @@ class ScriptedAnswers {
   // Eval of `expression` gives `value` (every time, or each in turn with the
   // last one repeating).
   void Answer(const std::string& expression, const std::string& value) { m_answers[expression] = {value}; }
+  void Answer(std::initializer_list<std::pair<std::string, std::string>> answers) {
+    for (const auto& [expression, value] : answers) Answer(expression, value);
+  }
   void AnswerInTurn(const std::string& expression, std::vector<std::string> values);
   // Do of `statement`, or Eval of `expression`, raises `description`.
   void Fail(const std::string& text, const std::string& description) { m_failures[text] = description; }

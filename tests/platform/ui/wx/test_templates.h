@@ -1,7 +1,7 @@
-// Dialog templates made for the toolkit tests (templates/<id>.xrc), given
-// to the backend the way the library gives its own: 9001, a box with a
-// control of every kind the dialog view knows; 9101 and 9102, two pages
-// for a property sheet (a list and a button; an edit control).
+// Dialog templates made for the toolkit tests (templates/<id>.xrc), read
+// and given to the backend the way the library gives its own: 9001, a box
+// with a control of every kind the dialog view knows; 9101 and 9102, two
+// pages for a property sheet (a list and a button; an edit control).
 #pragma once
 
 #include "platform/ui/dialog_template.h"

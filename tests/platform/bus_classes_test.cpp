@@ -1,16 +1,20 @@
 // Automation across processes on a private session bus: values, references
 // and objects on the wire, failures, and what the server keeps for its
-// clients. The host session over the bus runs against the emulator's
-// program in tests/e2e/bus_program_test.cpp.
+// clients; and the cartoma-sim program on the bus, which the host session of
+// the library connects to by name, as to a host in another process.
 #include <fmt/format.h>
+#include <gio/gio.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/wait.h>
 
 #include <atomic>
 
 #include "host/cartoma.h"
 #include "platform/automation/bus_classes.h"
 #include "platform/automation/bus_connection.h"
+#include "platform/automation/class_registry.h"
 #include "platform/automation/exceptions.h"
 #include "platform/automation/safe_array.h"
 #include "platform/private_bus.h"
@@ -18,11 +22,10 @@
 
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
-
-namespace {
-
 using fk::SafeArray;
 using fk::Variant;
+
+namespace {
 
 // A value as text: type word, then the payload ("0003:7", "400C>0008:x",
 // "2000[C@5: 0003:7]" for an array of element type 12 from index 5).
@@ -255,6 +258,56 @@ TEST_F(BusTest, MalformedCallsAreRefusedAndTheServerCarriesOn) {
   EXPECT_EQ(Answer(raw->Get(), "/", "Release", "()"), "accepted");
   EXPECT_EQ(Answer(raw->Get(), "/", "Invoke", "(1, uint32 1, [<(uint16 9, <('', objectpath '/')>)>])"), "accepted");
   EXPECT_EQ(Describe(Call(child, kEcho, {Variant::Int(3)})), "0003:3") << "the server still serves";
+}
+
+// The cartoma-sim program on the test's bus; it must stop cleanly on SIGTERM.
+class ProgramOnBus : public BusTest {
+ protected:
+  void TearDown() override {
+    if (m_pid > 0) {
+      kill(m_pid, SIGTERM);
+      int status = 0;
+      waitpid(m_pid, &status, 0);
+      EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << "the program stops cleanly on SIGTERM";
+    }
+    BusTest::TearDown();
+  }
+
+  // Starts the program and waits (a bounded number of rounds) until it owns its name.
+  bool Start(std::vector<std::string> arguments) {
+    std::vector<char*> argv{const_cast<char*>(CARTOMA_SIM_PATH)};
+    for (std::string& argument : arguments) argv.push_back(argument.data());
+    argv.push_back(nullptr);
+    GError* error = nullptr;
+    if (!g_spawn_async(nullptr, argv.data(), nullptr, G_SPAWN_DO_NOT_REAP_CHILD, nullptr, nullptr, &m_pid, &error)) {
+      ADD_FAILURE() << error->message;
+      g_error_free(error);
+      return false;
+    }
+    for (int round = 0; round < 500; ++round) {
+      if (m_classes->GetActiveObject("Cartoma.Application")) return true;
+      g_usleep(20000);
+    }
+    return false;
+  }
+
+  GPid m_pid = 0;
+};
+
+TEST_F(ProgramOnBus, TheSessionConnectsByNameAndRunsStatements) {
+  ASSERT_TRUE(Start({"--script", "zelvar.cbx", "--global", "zelvar.cbx:TerviDir=/opt/zelvar", "--open",
+                     std::string(SIM_SAMPLES_DIR) + "/collars.tab"}));
+  ASSERT_EQ(g_Cartoma.Connect(0, 1), 1);
+  EXPECT_EQ(g_Cartoma.m_nProductVariant, 1) << "zelvar.cbx found through the program's script objects";
+  EXPECT_EQ(g_Cartoma.GetTerviDir(), "/opt/zelvar");
+  EXPECT_EQ(g_Cartoma.GetTableRowCount("collars"), 5);
+
+  EXPECT_TRUE(g_Cartoma.CreatePointVariable("p", 255120, 5925210));
+  int error = 0;
+  g_Cartoma.Do("Fetch Rec 9 From collars", 1, &error);
+  EXPECT_EQ(error, 1);
+  EXPECT_EQ(g_Cartoma.m_strLastError, "Table collars has 5 rows; there is no row 9");
+  EXPECT_EQ(g_Cartoma.Eval("ObjectInfo(p, 1)"), "5") << "the program goes on after a failure";
 }
 
 }  // namespace

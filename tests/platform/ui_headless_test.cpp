@@ -8,7 +8,7 @@
 
 #include "platform/ui/dialog_template.h"
 #include "platform/ui/headless/headless_ui.h"
-#include "support/headless_fixture.h"
+#include "support/session_fixture.h"
 
 using ::testing::ElementsAre;
 

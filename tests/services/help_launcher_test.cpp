@@ -10,7 +10,7 @@
 
 #include "host/cartoma.h"
 #include "services/help_launcher.h"
-#include "support/headless_fixture.h"
+#include "support/session_fixture.h"
 #include "support/host/scripted_host.h"
 
 namespace {

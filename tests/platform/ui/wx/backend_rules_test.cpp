@@ -1,17 +1,24 @@
-// The toolkit backend's rules in the system's terms, with no screen: a file
-// box request of the system in the toolkit's terms, and where the parts of
-// the progress window stand.
+// The toolkit backend's rules with no screen: a file box request of the
+// system in the toolkit's terms, where the parts of the progress window
+// stand, and, without a display, no backend: the entry point gives none and
+// the library's dialog boxes fall back to the headless one (in a process
+// of its own, where the toolkit never ran).
+#include <dlfcn.h>
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <tuple>
 #include <utility>
 
+#include "formkit/formkit.h"
+#include "platform/ui/ui_backend.h"
 #include "platform/ui/wx/file_box_request.h"
 #include "platform/ui/wx/progress_layout.h"
-
-namespace {
+#include "support/formkit_library.h"
 
 using namespace fk::ui;
+
+namespace {
 
 TEST(FileBoxRequest, TheWildcardDropsTheClosingBarsAndEveryFileNeedsNoPoint) {
   const std::pair<const char*, const char*> cases[] = {
@@ -56,6 +63,24 @@ TEST(ProgressLayout, OneToFourLinesAndRoomForTheBarAndButton) {
   EXPECT_EQ(narrow.width, 130) << "margins, the narrowest bar and the button";
   EXPECT_EQ(narrow.gauge.width, 20);
   EXPECT_EQ(narrow.button.x + narrow.button.width + 10, narrow.width);
+}
+
+TEST(ToolkitStart, WithoutADisplayTheEntryPointGivesNoBackendAndTheLibraryRunsItsBoxesHeadless) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  EXPECT_EXIT(
+      {
+        unsetenv("DISPLAY");
+        unsetenv("WAYLAND_DISPLAY");
+        void* plugin = dlopen(FORMKIT_WX_PLUGIN_PATH, RTLD_NOW | RTLD_LOCAL);
+        auto entry = plugin ? reinterpret_cast<fk::ui::UiBackend* (*)()>(dlsym(plugin, "fk_wx_backend")) : nullptr;
+        if (!entry || entry() || entry()) std::exit(1);
+        setenv("FORMKIT_UI", "wx", 1);
+        FormkitLibrary library(false);
+        const char* names[] = {"HoleID"};
+        int32_t flags[] = {1};
+        std::exit(FORMKIT_EXPORT(library, SelectFieldsDialog)(names, flags, 1) == 0 && flags[0] == 1 ? 0 : 2);
+      },
+      ::testing::ExitedWithCode(0), "the toolkit could not start");
 }
 
 }  // namespace

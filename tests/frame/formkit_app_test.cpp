@@ -74,7 +74,7 @@ TEST_F(FormkitAppTest, ConnectingFindsTheProductAndReloadsFromItsKeyKeepingWhatO
   fk::Registry::SetDword(kUser, "Software\\Orvex\\Vigilprofiler\\Setup", "ShowHelp", 1);
 
   ScriptedHost host;
-  host.AddScript("utilities.cbx");
+  host.Emulator().AddScript("utilities.cbx");
   InitFormkitInstance("Terravik");
   ASSERT_EQ(ConnectToCartoma(host.Handle()), 1);
   EXPECT_EQ(g_Cartoma.m_nProductVariant, 3);
@@ -91,7 +91,7 @@ TEST_F(FormkitAppTest, ConnectingFindsTheProductAndReloadsFromItsKeyKeepingWhatO
 
 TEST_F(FormkitAppTest, WithoutAProductScriptTheNamedProductsProfileAppliesAndWithoutTheCheckNone) {
   ScriptedHost host;
-  host.AddScript("zelvar.cbx");
+  host.Emulator().AddScript("zelvar.cbx");
   ASSERT_EQ(ConnectToCartomaWithoutAppCheck(host.Handle()), 1);
   EXPECT_EQ(theApp.ProfileName(), "Shared");
   EXPECT_EQ(g_Cartoma.m_nProductVariant, 0);

@@ -22,12 +22,13 @@ namespace {
 
 // The application check asks the host for its scripts once per check.
 int Checks(const ScriptedHost& host) {
-  return static_cast<int>(std::count(host.Transcript().begin(), host.Transcript().end(), "CBXApplications"));
+  const std::vector<std::string> transcript = host.Transcript();
+  return static_cast<int>(std::count(transcript.begin(), transcript.end(), "CBXApplications"));
 }
 
 TEST_F(CartomaTest, ConnectBorrowsTheScriptsObjectAndChecksTheApplicationOnce) {
   ScriptedHost host, second;
-  host.AddScript("terravik.cbx");
+  host.Emulator().AddScript("terravik.cbx");
   ASSERT_EQ(g_Cartoma.Connect(host.Handle(), 1), 1);
   EXPECT_EQ(Checks(host), 1);
   EXPECT_EQ(g_Cartoma.m_nProductVariant, 0);
@@ -158,10 +159,9 @@ TEST_F(CartomaTest, TheMemoAnswersRepeatedExpressionsIgnoringCaseWithinItsSlots)
 
 TEST_F(CartomaTest, TheProductScriptIsFoundInTheProductOrderAndAnswersForTheProduct) {
   ScriptedHost host;
-  ScriptedScript& script = host.AddScript("zelvar.cbx");
-  script.SetGlobal("TerviDir", "/opt/zelvar");
-  script.Answers().Answer("LAST PROJECTION NICENAME", "UTM 55");
-  host.AddScript("utilities.cbx");
+  host.Emulator().SetGlobal("zelvar.cbx", "TerviDir", "/opt/zelvar");
+  host.Emulator().AddScript("utilities.cbx");
+  host.Emulator().QueueProjection("Earth Projection 1, 104", "UTM 55");
   ASSERT_EQ(g_Cartoma.Connect(host.Handle(), 0), 1);
   host.ClearTranscript();
   EXPECT_EQ(g_Cartoma.FindApplicationScript(), 1);
@@ -178,13 +178,14 @@ TEST_F(CartomaTest, TheProductScriptIsFoundInTheProductOrderAndAnswersForTheProd
   EXPECT_EQ(g_Cartoma.GetTerviDir(), "/opt/zelvar");
   EXPECT_EQ(g_Cartoma.GetCBXVariable("Missing", &error), "");
   EXPECT_EQ(error, 0) << "a missing variable is no error";
+  EXPECT_EQ(g_Cartoma.ScriptEval("PROJECTION SELECTION", &error), "Earth Projection 1, 104");
   EXPECT_EQ(g_Cartoma.ScriptEval("LAST PROJECTION NICENAME", &error), "UTM 55");
   EXPECT_EQ(error, 0);
 
   // No product script leaves the variant and gives no directory.
   ResetSession();
   ScriptedHost other, bare;
-  other.AddScript("other.cbx").SetGlobal("TerviDir", "/opt/other");
+  other.Emulator().SetGlobal("other.cbx", "TerviDir", "/opt/other");
   ASSERT_EQ(g_Cartoma.Connect(other.Handle(), 0), 1);
   g_Cartoma.m_nProductVariant = 2;
   EXPECT_EQ(g_Cartoma.FindApplicationScript(), 0);

@@ -118,9 +118,8 @@ TEST_F(CatalogueTest, EachQuestionAsksItsOneExpression) {
 
   // The last projection comes from the product script; the host itself is asked nothing.
   m_host.ClearTranscript();
-  ScriptedScript& script = m_host.AddScript("terravik.cbx");
-  script.Answers().Answer({{"PROJECTION SELECTION", "CoordSys Earth Projection 8, 104"},
-                           {"LAST PROJECTION NICENAME", "UTM Zone 55"}});
+  m_host.Emulator().AddScript("terravik.cbx");
+  m_host.Emulator().QueueProjection("CoordSys Earth Projection 8, 104", "UTM Zone 55");
   std::string nice;
   EXPECT_EQ(g_Cartoma.GetLastProjection(&nice), "CoordSys Earth Projection 8, 104");
   EXPECT_EQ(nice, "UTM Zone 55");

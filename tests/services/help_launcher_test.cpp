@@ -49,7 +49,7 @@ TEST_F(HelpLauncherTest, TheHelpProgramOnThePathGetsTheParametersOfTheProduct) {
   const std::string record = InstallRecorder("hh.exe");
   setenv("PATH", (m_folder.Path() + ":" + m_path).c_str(), 1);
   ScriptedHost host;
-  host.AddScript("zelvar.cbx").SetGlobal("TerviDir", "/opt/zelvar");
+  host.Emulator().SetGlobal("zelvar.cbx", "TerviDir", "/opt/zelvar");
   ASSERT_EQ(g_Cartoma.Connect(host.Handle(), 0), 1);
   LaunchHelp(m_ui.Prompts(), HELP_REPROJECT);
   EXPECT_EQ(Recorded(record), "3:-mapid 7085 ms-its:/opt/zelvar\\zelvar.chm\n");

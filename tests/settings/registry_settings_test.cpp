@@ -48,7 +48,7 @@ TEST_F(RegistrySettingsTest, TheViewerVersionAndDirectoriesGoToTheKeysOfTheirPro
   EXPECT_EQ(Stored("Software\\Orvex\\Terravik 3D\\Settings", "PROJECT_FOLDER"), "/home/ana/pit/");
 
   ScriptedHost host;
-  host.AddScript("zelvar3d.cbx");
+  host.Emulator().AddScript("zelvar3d.cbx");
   ASSERT_EQ(g_Cartoma.Connect(host.Handle(), 0), 1);
   EXPECT_EQ(SaveProjectDirectoryInRegistry("D:\\Work"), 1);
   EXPECT_EQ(Stored("Software\\Orvex\\Zelvar3D\\Settings", "PROJECT_FOLDER"), "D:\\Work\\")
@@ -149,7 +149,7 @@ TEST_F(NewsFeedTest, TheCheckIsDueWhenTheIntervalHasPassed) {
 TEST_F(NewsFeedTest, TheTimerRecordsTheCheckThenStartsTheCompanionProgram) {
   ScopedFolder product;
   ScriptedHost host;
-  host.AddScript("terravik.cbx").SetGlobal("TerviDir", product.Path());
+  host.Emulator().SetGlobal("terravik.cbx", "TerviDir", product.Path());
   ASSERT_EQ(g_Cartoma.Connect(host.Handle(), 0), 1);
   // Without the companion program the check still counts as made.
   ASSERT_TRUE(DisplayNewFeedsAfter(1));

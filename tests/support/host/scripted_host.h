@@ -1,32 +1,27 @@
-// A scripted host for tests: automation objects with the host's members at
-// their dispatch ids, registered through the host C API as any host
-// registers its object (the emulator's C API adapter; so this folder is
-// only in the test programs that link the emulator). It answers
-// expressions from a table, raises the failures it is told to raise, keeps
-// scripts with global variables in its CBXApplications collection, and
-// writes every call it gets to a transcript, in order.
-//
-// Transcript lines:
-//   "Visible = true"  "Do: <statement>"  "Eval: <expression>"
-//   "LastErrorMessage"  "CBXApplications"  "CBXApplications.Item: <name>"
-//   "<script> Do: <statement>"  "<script> Eval: <expression>"
-//   "<script> CBXGlobals"  "<script> CBXGlobals.Item: <name>"
-//   "<script>.<variable> Value"
+// A scripted host for tests: the host application's Do, Eval and
+// LastErrorMessage at their dispatch ids, answered from a table, in front of
+// the host emulator, which serves the rest (Visible, the CBXApplications
+// collection of running scripts with their globals). It is registered
+// through the host C API as any host registers its object (the emulator's
+// C API adapter; so this folder is only in the test programs that link the
+// emulator). It raises the failures it is told to raise, and keeps every
+// call, in order, in a transcript: "Do: <statement>", "Eval: <expression>",
+// "LastErrorMessage", and the emulator's records ("CBXApplications",
+// "CBXApplications.Item: <name>", "<script> CBXGlobals", ...).
 #pragma once
 
 #include <deque>
 #include <functional>
 #include <map>
-#include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "sim/host/c_api_object.h"
+#include "sim/host/emulator.h"
 
-class ScriptedHost;
-
-// Answers and failures for the Do and Eval of one object.
+// Answers and failures for the host's Do and Eval.
 class ScriptedAnswers {
  public:
   // Eval of `expression` gives `value` (every time, or each in turn with the
@@ -51,23 +46,6 @@ class ScriptedAnswers {
   std::function<std::optional<std::string>(const std::string&)> m_fallback;
 };
 
-// A running script: its Do and Eval, and its global variables.
-class ScriptedScript final : public fk::Dispatch {
- public:
-  ScriptedScript(ScriptedHost& host, std::string name) : m_host(host), m_name(std::move(name)) {}
-  ScriptedAnswers& Answers() { return m_answers; }
-  void SetGlobal(const std::string& name, const std::string& value) { m_globals[name] = value; }
-  fk::Variant Invoke(std::int32_t dispid, std::uint16_t flags, std::span<fk::Variant> args) override;
-
- private:
-  fk::Variant Global(std::int32_t dispid, const std::string& name);
-
-  ScriptedHost& m_host;
-  std::string m_name;
-  ScriptedAnswers m_answers;
-  std::map<std::string, std::string> m_globals;
-};
-
 class ScriptedHost {
  public:
   ScriptedHost();
@@ -85,29 +63,28 @@ class ScriptedHost {
   bool HeldByLibrary() const { return m_application.use_count() > 1; }
 
   ScriptedAnswers& Answers() { return m_answers; }
-  // A script in the CBXApplications collection.
-  ScriptedScript& AddScript(const std::string& name);
+  // The emulator behind: its running scripts, their globals, the projection picker.
+  sim::Emulator& Emulator() { return m_emulator; }
   // Leaves out the CBXApplications collection: the property gives no object.
   void WithoutScripts() { m_bNoCollection = true; }
 
-  const std::vector<std::string>& Transcript() const { return m_transcript; }
+  std::vector<std::string> Transcript() const;
   // Only the "Do: " and "Eval: " lines of the host itself.
   std::vector<std::string> Statements() const;
-  void ClearTranscript() { m_transcript.clear(); }
-  void Record(std::string line) { m_transcript.push_back(std::move(line)); }
-  bool Visible() const { return m_bVisible; }
+  void ClearTranscript();
+  bool Visible() const { return m_emulator.Visible(); }
 
  private:
   fk::Variant Invoke(std::int32_t dispid, std::uint16_t flags, std::span<fk::Variant> args);
-  fk::Variant Item(std::int32_t dispid, const std::string& name);
+  void Record(std::string line) { m_own.emplace_back(m_emulator.Calls().size(), std::move(line)); }
 
+  sim::Emulator m_emulator;
   ScriptedAnswers m_answers;
-  std::map<std::string, std::shared_ptr<ScriptedScript>> m_scripts;
-  std::vector<std::string> m_transcript;
+  // The lines of the calls answered here, each after as many of the emulator's records.
+  std::vector<std::pair<std::size_t, std::string>> m_own;
   std::string m_strLastError;
-  fk::DispatchPtr m_application, m_applications;
+  fk::DispatchPtr m_application;
   std::optional<sim::CApiRegistration> m_registration;
-  bool m_bVisible = false;
   bool m_bNoCollection = false;
   bool m_bRunning = false;
 };

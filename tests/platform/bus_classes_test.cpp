@@ -10,6 +10,10 @@
 #include <sys/wait.h>
 
 #include <atomic>
+#include <functional>
+#include <future>
+#include <memory>
+#include <thread>
 
 #include "host/cartoma.h"
 #include "platform/automation/bus_classes.h"
@@ -17,7 +21,6 @@
 #include "platform/automation/class_registry.h"
 #include "platform/automation/exceptions.h"
 #include "platform/automation/safe_array.h"
-#include "platform/private_bus.h"
 #include "support/session_fixture.h"
 
 using ::testing::ElementsAre;
@@ -26,6 +29,75 @@ using fk::SafeArray;
 using fk::Variant;
 
 namespace {
+
+// A dbus-daemon of the test's own, as the session bus of the process
+// (DBUS_SESSION_BUS_ADDRESS) while the object lives; it stays down when no
+// dbus-daemon is installed.
+class PrivateBus {
+ public:
+  PrivateBus() {
+    if (gchar* daemon = g_find_program_in_path("dbus-daemon")) {
+      g_free(daemon);
+      m_bus = g_test_dbus_new(G_TEST_DBUS_NONE);
+      g_test_dbus_up(m_bus);
+    }
+  }
+  ~PrivateBus() {
+    if (!m_bus) return;
+    g_test_dbus_down(m_bus);
+    g_object_unref(m_bus);
+  }
+  bool IsUp() const { return m_bus != nullptr; }
+
+ private:
+  GTestDBus* m_bus = nullptr;
+};
+
+// A thread running a GMainLoop on its own GMainContext, pushed as the
+// thread's default: what a server publishes from there is served there.
+class ServingThread {
+ public:
+  ServingThread()
+      : m_context(g_main_context_new()), m_loop(g_main_loop_new(m_context, FALSE)), m_thread([this] {
+          g_main_context_push_thread_default(m_context);
+          g_main_loop_run(m_loop);
+          g_main_context_pop_thread_default(m_context);
+        }) {}
+  ~ServingThread() {
+    // Quitting from inside the loop: a quit before the loop runs would be lost.
+    Run([this] { g_main_loop_quit(m_loop); });
+    m_thread.join();
+    g_main_loop_unref(m_loop);
+    g_main_context_unref(m_context);
+  }
+
+  // Runs `work` on the thread, inside its loop, and waits until it is done;
+  // an exception it throws comes back here.
+  void Run(std::function<void()> work) {
+    using Job = std::pair<std::function<void()>, std::promise<void>>;
+    auto job = std::make_unique<Job>(std::move(work), std::promise<void>());
+    std::future<void> done = job->second.get_future();
+    g_main_context_invoke(
+        m_context,
+        [](gpointer data) -> gboolean {
+          std::unique_ptr<Job> job(static_cast<Job*>(data));
+          try {
+            job->first();
+            job->second.set_value();
+          } catch (...) {
+            job->second.set_exception(std::current_exception());
+          }
+          return G_SOURCE_REMOVE;
+        },
+        job.release());
+    done.get();
+  }
+
+ private:
+  GMainContext* m_context;
+  GMainLoop* m_loop;
+  std::thread m_thread;
+};
 
 // A value as text: type word, then the payload ("0003:7", "400C>0008:x",
 // "2000[C@5: 0003:7]" for an array of element type 12 from index 5).

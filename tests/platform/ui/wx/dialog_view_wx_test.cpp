@@ -21,7 +21,6 @@
 
 #include "dialogs_met.h"
 #include "probe_dialog.h"
-#include "test_templates.h"
 #include "toolkit_test.h"
 #include "toolkit_user.h"
 

@@ -11,7 +11,6 @@
 #include "frame/formkit_app.h"
 #include "services/progress_wnd.h"
 #include "probe_dialog.h"
-#include "test_templates.h"
 #include "dialogs_met.h"
 #include "toolkit_test.h"
 #include "toolkit_user.h"

@@ -6,6 +6,9 @@
 
 #include <cstdio>
 #include <cstring>
+#include <fstream>
+#include <iterator>
+#include <map>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -67,4 +70,15 @@ fk::ui::UiBackend& ToolkitTest::Backend() {
   static fk::ui::UiBackend* backend = LoadBackend();
   if (!backend) throw std::runtime_error("the toolkit did not start on the private display");
   return *backend;
+}
+
+const fk::ui::DialogTemplate& TestTemplate(unsigned id) {
+  static std::map<unsigned, std::pair<std::string, fk::ui::DialogTemplate>> templates;  // the text and its template
+  auto [it, added] = templates.try_emplace(id);
+  if (added) {
+    std::ifstream file(FORMKIT_SOURCE_DIR "/tests/platform/ui/wx/templates/" + std::to_string(id) + ".xrc");
+    it->second.first.assign(std::istreambuf_iterator<char>(file), {});
+    it->second.second = fk::ui::ReadDialogTemplate(id, it->second.first.c_str());
+  }
+  return it->second.second;
 }

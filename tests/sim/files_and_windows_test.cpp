@@ -174,6 +174,13 @@ TEST_F(Files, ScriptsRunAndMenuCommandsAnswerFromTheirQueues) {
   EXPECT_EQ(Eval("CurrentPen()"), "Pen (4,2,255)");
   Do("Run Menu Command 304");
   EXPECT_EQ(Eval("CurrentSymbol()"), "Symbol (35,0,12)") << "nothing queued: the box was cancelled";
+  m_host.QueueSymbol("Symbol (40,255,18)");
+  Do("Run Menu Command 304");
+  EXPECT_EQ(Eval("CurrentSymbol()"), "Symbol (40,255,18)");
+  m_host.QueueOpenFile(Sample("collars"));
+  Do("Run Menu Command 102");
+  EXPECT_EQ(Eval("TableInfo(0, 1)"), "collars") << "the table the Open Table box gave";
+  EXPECT_EQ(DoError("Run Menu Command 102"), "The Open Table dialog box was cancelled");
 }
 
 }  // namespace

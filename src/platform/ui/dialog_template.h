@@ -23,5 +23,8 @@ struct DialogTemplate {
 
 // The template `id`; throws std::out_of_range when the library has none.
 const DialogTemplate& GetDialogTemplate(unsigned id);
+// The template `id` read from its XRC text, which must outlive it; throws
+// std::runtime_error when the text is no template.
+DialogTemplate ReadDialogTemplate(unsigned id, const char* xrc);
 
 }  // namespace fk::ui

@@ -15,8 +15,6 @@
 // The C API of a loaded copy of the library.
 sim::HostCApi HostCApiOf(const FormkitLibrary& library);
 
-// Copies the named sample tables (.tab with its .gpkg or image) into
-// `folder`; returns the path of the first .tab.
-std::string CopySamples(const ScopedFolder& folder, std::initializer_list<const char*> names);
-// A sample's .tab in `folder`.
-std::string SamplePath(const ScopedFolder& folder, const std::string& name);
+// Copies the sample table `name` (.tab with its .gpkg or image) into
+// `folder`; the path of its .tab there.
+std::string CopySample(const ScopedFolder& folder, const std::string& name);

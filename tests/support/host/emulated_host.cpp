@@ -1,4 +1,4 @@
-#include "e2e/emulated_host.h"
+#include "support/host/emulated_host.h"
 
 #include <filesystem>
 
@@ -19,16 +19,11 @@ sim::HostCApi HostCApiOf(const FormkitLibrary& library) {
           FORMKIT_EXPORT(library, fk_fail)};
 }
 
-std::string SamplePath(const ScopedFolder& folder, const std::string& name) {
-  return (std::filesystem::path(folder.Path()) / (name + ".tab")).string();
-}
-
-std::string CopySamples(const ScopedFolder& folder, std::initializer_list<const char*> names) {
+std::string CopySample(const ScopedFolder& folder, const std::string& name) {
   namespace fs = std::filesystem;
-  for (const char* name : names)
-    for (const char* ext : {".tab", ".gpkg", ".tif"}) {
-      const fs::path source = fs::path(SIM_SAMPLES_DIR) / (std::string(name) + ext);
-      if (fs::exists(source)) fs::copy_file(source, fs::path(folder.Path()) / source.filename());
-    }
-  return SamplePath(folder, *names.begin());
+  for (const char* ext : {".tab", ".gpkg", ".tif"})
+    if (fs::exists(fs::path(SIM_SAMPLES_DIR) / (name + ext)))
+      fs::copy_file(fs::path(SIM_SAMPLES_DIR) / (name + ext), fs::path(folder.Path()) / (name + ext),
+                    fs::copy_options::overwrite_existing);
+  return (fs::path(folder.Path()) / (name + ".tab")).string();
 }

@@ -1,14 +1,79 @@
-// The host's preference file: the block of directories, read once a session.
+// Settings files: the scripts' settings files (the given file, shadowed by
+// the user's file under the application data folder) and the host's
+// preference file with its block of directories, read once a session.
 #include <gtest/gtest.h>
 
 #include <cstdint>
 #include <cstring>
+#include <filesystem>
 
 #include "formkit/formkit.h"
+#include "frame/formkit_app.h"
+#include "host/cartoma.h"
 #include "settings/preference_file.h"
 #include "support/session_fixture.h"
 
 namespace {
+
+class AppSettingsTest : public SessionTest {
+ protected:
+  void SetUp() override {
+    SessionTest::SetUp();
+    theApp.m_strInstallationID.clear();
+    std::filesystem::create_directories(m_appData.Path() + "/Orvex/Terravik");
+    m_given = m_folder.Write("Config/Survey.ini", "[Grid]\nCellSize=25\nColour=Red\n");
+  }
+  void TearDown() override {
+    theApp.m_strInstallationID.clear();
+    SessionTest::TearDown();
+  }
+  // The value GetAppSetting gives, or "untouched" when it leaves the buffer.
+  std::string Get(const char* section, const char* key) {
+    char buffer[1100];
+    std::strcpy(buffer, "untouched");
+    m_lastResult = GetAppSetting(section, key, buffer, m_given.c_str());
+    return buffer;
+  }
+
+  ScopedAppData m_appData;
+  ScopedFolder m_folder;
+  std::string m_given;
+  int m_lastResult = -1;
+};
+
+TEST_F(AppSettingsTest, TheUsersFileWinsOverTheGivenFile) {
+  EXPECT_EQ(Get("Grid", "CellSize"), "25");
+  EXPECT_EQ(m_lastResult, 1);
+
+  EXPECT_EQ(SetAppSetting("Grid", "CellSize", "10", m_given.c_str()), 1);
+  EXPECT_EQ(ReadFile(m_given), "[Grid]\nCellSize=25\nColour=Red\n") << "the given file is never written";
+  EXPECT_TRUE(std::filesystem::exists(m_appData.Path() + "/Orvex/Terravik/Survey.ini"));
+  EXPECT_EQ(Get("grid", "cellsize"), "10");
+  EXPECT_EQ(Get("Grid", "Colour"), "Red") << "what the user's file lacks still comes from the given file";
+
+  EXPECT_EQ(Get("Grid", "Missing"), "untouched");
+  EXPECT_EQ(m_lastResult, 0);
+  EXPECT_EQ(SetAppSetting("Grid", "Colour", "", m_given.c_str()), 1);
+  EXPECT_EQ(Get("Grid", "Colour"), "Red") << "an empty value is no value";
+  ASSERT_EQ(SetAppSetting("Grid", "Note", std::string(1500, 'x').c_str(), m_given.c_str()), 1);
+  EXPECT_EQ(Get("Grid", "Note"), std::string(1023, 'x')) << "a long value is cut to the read limit";
+}
+
+TEST_F(AppSettingsTest, TheProductAndTheInstallationPickTheUsersFolder) {
+  ASSERT_EQ(SetAppSetting("Grid", "CellSize", "10", m_given.c_str()), 1);
+  theApp.m_strInstallationID = "site-7";
+  EXPECT_EQ(Get("Grid", "CellSize"), "25") << "values saved before are no longer seen";
+  EXPECT_EQ(SetAppSetting("Grid", "CellSize", "5", m_given.c_str()), 0) << "no folder is made for the installation";
+  std::filesystem::create_directories(m_appData.Path() + "/Orvex/Terravik/site-7");
+  EXPECT_EQ(SetAppSetting("Grid", "CellSize", "5", m_given.c_str()), 1);
+  EXPECT_TRUE(std::filesystem::exists(m_appData.Path() + "/Orvex/Terravik/site-7/Survey.ini"));
+  EXPECT_EQ(Get("Grid", "CellSize"), "5");
+
+  theApp.m_strInstallationID.clear();
+  g_Cartoma.m_nProductVariant = 2;
+  EXPECT_EQ(SetAppSetting("Grid", "CellSize", "1", m_given.c_str()), 0) << "Zelvar3D has no folder yet";
+  EXPECT_EQ(Get("Grid", "CellSize"), "25");
+}
 
 std::string Word(int value) {
   return std::string{static_cast<char>(value & 0xFF), static_cast<char>((value >> 8) & 0xFF)};
@@ -47,7 +112,12 @@ class PreferenceFileTest : public SessionTest {
   int m_lastResult = -1;
 };
 
-TEST_F(PreferenceFileTest, DirectoriesStandAtTheirOffsetsInTheDirectoryRecord) {
+TEST_F(PreferenceFileTest, AFailedReadIsTriedAgainAndDirectoriesStandAtTheirOffsets) {
+  EXPECT_EQ(Directory(0), "untouched") << "no file";
+  WritePreferences(Word(0xD2D1) + Word(1) + DirectoryRecord(0, "/wrong"));
+  EXPECT_EQ(Directory(0), "untouched");
+  EXPECT_EQ(Directory(0), "untouched");
+
   std::string block(PREFERENCE_BLOCK_SIZE, '\0');
   block.replace(0x0000, 8, "/maps/0\0", 8);
   block.replace(0x0200, 7, "/maps/2", 7);
@@ -64,17 +134,8 @@ TEST_F(PreferenceFileTest, DirectoriesStandAtTheirOffsetsInTheDirectoryRecord) {
   EXPECT_EQ(Directory(14), "untouched");
   EXPECT_EQ(m_lastResult, 0);
   EXPECT_EQ(Directory(-1), "untouched");
-}
-
-TEST_F(PreferenceFileTest, AFailedReadIsTriedAgainAndASuccessfulOneIsKept) {
-  EXPECT_EQ(Directory(0), "untouched") << "no file";
-  WritePreferences(Word(0xD2D1) + Word(1) + DirectoryRecord(0, "/wrong"));
-  EXPECT_EQ(Directory(0), "untouched");
-  EXPECT_EQ(Directory(0), "untouched");
-  WritePreferences(File(1, DirectoryRecord(0, "/first")));
-  EXPECT_EQ(Directory(0), "/first");
   WritePreferences(File(1, DirectoryRecord(0, "/second")));
-  EXPECT_EQ(Directory(0), "/first") << "the file is read once a session";
+  EXPECT_EQ(Directory(0), "/maps/0") << "a successful read is kept for the session";
 }
 
 TEST(PreferenceBlockTest, MalformedFilesAreRefused) {

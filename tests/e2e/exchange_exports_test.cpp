@@ -11,14 +11,14 @@
 #include <filesystem>
 #include <map>
 
-#include "e2e/emulated_host.h"
+#include "support/host/emulated_host.h"
 #include "exchange/hotlink_converter_dlg.h"
 #include "exchange/minesight_export_dlg.h"
 #include "exchange/ogb_import_dlg.h"
 #include "formkit/formkit.h"
 #include "host/cartoma.h"
 #include "support/comma_locale.h"
-#include "support/headless_fixture.h"
+#include "support/session_fixture.h"
 
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
@@ -74,7 +74,7 @@ class ExchangeOnEmulator : public HeadlessTest {
     ASSERT_EQ(g_Cartoma.Connect(m_registration.Handle(), 1), 1);
   }
   void Open(const char* sample, const char* alias) {
-    const std::string path = CopySamples(m_folder, {sample});
+    const std::string path = CopySample(m_folder, sample);
     ASSERT_TRUE(g_Cartoma.OpenTable(path.c_str(), alias, 0, 0)) << g_Cartoma.m_strLastError;
   }
   std::string Out(const std::string& name) const { return (fs::path(m_folder.Path()) / name).string(); }

@@ -21,6 +21,7 @@
 #include "platform/automation/class_registry.h"
 #include "platform/automation/exceptions.h"
 #include "platform/automation/safe_array.h"
+#include "support/private_bus.h"
 #include "support/session_fixture.h"
 
 using ::testing::ElementsAre;
@@ -29,29 +30,6 @@ using fk::SafeArray;
 using fk::Variant;
 
 namespace {
-
-// A dbus-daemon of the test's own, as the session bus of the process
-// (DBUS_SESSION_BUS_ADDRESS) while the object lives; it stays down when no
-// dbus-daemon is installed.
-class PrivateBus {
- public:
-  PrivateBus() {
-    if (gchar* daemon = g_find_program_in_path("dbus-daemon")) {
-      g_free(daemon);
-      m_bus = g_test_dbus_new(G_TEST_DBUS_NONE);
-      g_test_dbus_up(m_bus);
-    }
-  }
-  ~PrivateBus() {
-    if (!m_bus) return;
-    g_test_dbus_down(m_bus);
-    g_object_unref(m_bus);
-  }
-  bool IsUp() const { return m_bus != nullptr; }
-
- private:
-  GTestDBus* m_bus = nullptr;
-};
 
 // A thread running a GMainLoop on its own GMainContext, pushed as the
 // thread's default: what a server publishes from there is served there.

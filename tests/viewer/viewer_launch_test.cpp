@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/registry/registry.h"
-#include "support/headless_fixture.h"
+#include "support/session_fixture.h"
 #include "viewer/viewer_link.h"
 
 namespace {

@@ -11,16 +11,16 @@
 #include <filesystem>
 #include <fstream>
 
-#include "e2e/emulated_host.h"
+#include "support/host/emulated_host.h"
 #include "formkit/formkit.h"
 #include "host/cartoma.h"
 #include "platform/automation/bus_classes.h"
 #include "platform/automation/class_registry.h"
-#include "platform/private_bus.h"
+#include "support/private_bus.h"
 #include "platform/registry/registry.h"
 #include "platform/ui/dialog_view.h"
 #include "support/formkit_library.h"
-#include "support/headless_fixture.h"
+#include "support/session_fixture.h"
 #include "viewer/viewer_link.h"
 #include "viewer/viewer_process.h"
 

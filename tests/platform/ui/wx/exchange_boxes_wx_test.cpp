@@ -23,10 +23,10 @@ using ::testing::Contains;
 
 namespace {
 
-class ExchangeBoxesWxTest : public ToolkitDialogTest {
+class ExchangeBoxesWxTest : public ToolkitTest {
  protected:
   void SetUp() override {
-    ToolkitDialogTest::SetUp();
+    ToolkitTest::SetUp();
     if (IsSkipped()) return;
     // A table of objects, from its file as the user opens it.
     sim::Host& host = m_emulator.GetHost();

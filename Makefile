@@ -12,7 +12,7 @@ PACKAGES := cmake ninja-build pkg-config g++ binutils \
             libgdk-pixbuf-2.0-dev libgdal-dev gdal-bin libproj-dev python3-ezdxf \
             libcli11-dev python3-gdal python3-numpy \
             libwxgtk3.2-dev libgtk-3-dev xvfb xauth \
-            dbus gcovr
+            dbus gcovr nlohmann-json3-dev
 
 .PHONY: all deps configure build test demo bench coverage clean
 
@@ -47,7 +47,7 @@ test: build
 
 # The tour: the command line on the sample data, each file checked by a peer.
 demo: configure
-	cmake --build $(BUILD) -j $(JOBS) --target formkit-cli sim_samples
+	cmake --build $(BUILD) -j $(JOBS) --target formkit-cli sim_samples tv-sim
 	bash demo/run_demo.sh $(BUILD) demo-out
 
 bench: build

@@ -17,16 +17,24 @@ void AddContourCommand(CLI::App& app, const GlobalOptions& options);
 void AddRegisterImageCommand(CLI::App& app, const GlobalOptions& options);
 void AddFieldsCommand(CLI::App& app, const GlobalOptions& options);
 void AddSettingsCommand(CLI::App& app, const GlobalOptions& options);
+void AddExportCommand(CLI::App& app, const GlobalOptions& options);
+void AddImportCommand(CLI::App& app, const GlobalOptions& options);
+void AddHotlinksCommand(CLI::App& app, const GlobalOptions& options);
+void AddViewerCommand(CLI::App& app, const GlobalOptions& options);
 void AddColorObjectsCommand(CLI::App& app, const GlobalOptions& options);
 
 // Runs `work` when `command` is chosen, with the terminal set up for the
 // options: headless dialog boxes, message boxes and progress on standard
 // error.
 void OnRun(CLI::App* command, const GlobalOptions& options, std::function<void()> work);
+// A subcommand of `parent` that starts the library for the product, with
+// no host, before its work.
+CLI::App* ProductLeaf(CLI::App* parent, const GlobalOptions& global, const char* name, const char* description,
+                      std::function<void()> work);
 
 // The help text's closing lines: an example that works when pasted, with
-// "{formkit}" standing for the program as it was called and "{samples}" for
-// the folder of the sample data.
+// "{formkit}" standing for the program as it was called, "{samples}" for
+// the folder of the sample data and "{viewer}" for the viewer simulator.
 std::string Example(const std::string& lines);
 void SetProgramName(const std::string& program);
 

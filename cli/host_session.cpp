@@ -77,4 +77,10 @@ std::string HostSession::Eval(const std::string& expression) {
   return value;
 }
 
+void HostSession::QueueProjection(const std::string& clause, const std::string& niceName) {
+  if (!m_inProcess)
+    throw UsageError("the projection of a host on the bus is its own to pick (start cartoma-sim with --projection)");
+  m_inProcess->emulator.QueueProjection(clause, niceName);
+}
+
 }  // namespace cli

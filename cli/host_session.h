@@ -26,6 +26,9 @@ class HostSession {
   void Do(const std::string& statement);
   // The value of an expression; ToolFailure with the host's text when it fails.
   std::string Eval(const std::string& expression);
+  // What the product script's projection picker answers next; only a host
+  // in this process can be told (UsageError with --bus).
+  void QueueProjection(const std::string& clause, const std::string& niceName);
 
  private:
   struct InProcessHost;

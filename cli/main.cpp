@@ -48,6 +48,10 @@ int main(int argc, char** argv) {
   cli::AddRegisterImageCommand(app, options);
   cli::AddFieldsCommand(app, options);
   cli::AddSettingsCommand(app, options);
+  cli::AddExportCommand(app, options);
+  cli::AddImportCommand(app, options);
+  cli::AddHotlinksCommand(app, options);
+  cli::AddViewerCommand(app, options);
   cli::AddColorObjectsCommand(app, options);
   try {
     app.parse(argc, argv);

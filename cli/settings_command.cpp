@@ -88,16 +88,6 @@ void OpenGrids(const GlobalOptions& global, const SettingsOptions& o) {
             << "\n";
 }
 
-CLI::App* Leaf(CLI::App* settings, const GlobalOptions& global, const char* name, const char* description,
-               std::function<void()> work) {
-  CLI::App* command = settings->add_subcommand(name, description);
-  OnRun(command, global, [&global, work = std::move(work)] {
-    InitProduct(global.product);
-    work();
-  });
-  return command;
-}
-
 void AddFileOptions(CLI::App* command, SettingsOptions& o, bool withValue) {
   command->add_option("section", o.section, "The section")->required();
   command->add_option("key", o.key, "The key")->required();
@@ -112,28 +102,28 @@ void AddSettingsCommand(CLI::App& app, const GlobalOptions& options) {
   CLI::App* settings = app.add_subcommand("settings", "Read and write the product's settings");
   settings->require_subcommand(1);
   settings->footer(Example("{formkit} settings show\n{formkit} --product Zelvar settings rss 14"));
-  Leaf(settings, options, "show", "The product's registry values", ShowRegistry);
-  AddFileOptions(Leaf(settings, options, "get", "A value of a settings file (the user's copy first)",
+  ProductLeaf(settings, options, "show", "The product's registry values", ShowRegistry);
+  AddFileOptions(ProductLeaf(settings, options, "get", "A value of a settings file (the user's copy first)",
                       [o] { GetSetting(*o); }),
                  *o, false);
-  AddFileOptions(Leaf(settings, options, "set", "Write a value to the user's copy of a settings file",
+  AddFileOptions(ProductLeaf(settings, options, "set", "Write a value to the user's copy of a settings file",
                       [o] { SetSetting(*o); }),
                  *o, true);
-  Leaf(settings, options, "dir", "The host's preference directories (0 to 13)", [o] { ShowDirectories(*o); })
+  ProductLeaf(settings, options, "dir", "The host's preference directories (0 to 13)", [o] { ShowDirectories(*o); })
       ->add_option("index", o->index, "One directory only");
-  Leaf(settings, options, "rss", "The days between news feed checks", [o] { NewsDelay(*o); })
+  ProductLeaf(settings, options, "rss", "The days between news feed checks", [o] { NewsDelay(*o); })
       ->add_option("days", o->days, "Set it");
-  Leaf(settings, options, "config-dir", "Remember the configuration folder",
+  ProductLeaf(settings, options, "config-dir", "Remember the configuration folder",
        [o] {
          if (!SaveConfigDirInRegistry(o->directory.c_str())) throw ToolFailure("cannot write the registry");
        })
       ->add_option("directory", o->directory)
       ->required();
-  Leaf(settings, options, "project-dir", "Remember the project folder",
+  ProductLeaf(settings, options, "project-dir", "Remember the project folder",
        [o] { SaveProjectDirectoryInRegistry(o->directory.c_str()); })
       ->add_option("directory", o->directory)
       ->required();
-  CLI::App* grids = Leaf(settings, options, "grids", "The list of open grids: the --data grid tables, or none",
+  CLI::App* grids = ProductLeaf(settings, options, "grids", "The list of open grids: the --data grid tables, or none",
                          [&options, o] { OpenGrids(options, *o); });
   grids->add_flag("--save", o->save, "Save the grid tables open in the host");
   grids->add_flag("--clear", o->clear, "Clear the list");

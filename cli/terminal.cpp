@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "commands.h"
+#include "host_session.h"
 #include "platform/ui/headless/headless_progress.h"
 #include "platform/ui/headless/headless_ui.h"
 
@@ -26,6 +27,16 @@ void OnRun(CLI::App* command, const GlobalOptions& options, std::function<void()
   });
 }
 
+CLI::App* ProductLeaf(CLI::App* parent, const GlobalOptions& global, const char* name, const char* description,
+                      std::function<void()> work) {
+  CLI::App* command = parent->add_subcommand(name, description);
+  OnRun(command, global, [&global, work = std::move(work)] {
+    InitProduct(global.product);
+    work();
+  });
+  return command;
+}
+
 namespace {
 std::string g_strProgram = "formkit";
 }  // namespace
@@ -37,7 +48,8 @@ std::string Example(const std::string& lines) {
   std::istringstream in(lines);
   for (std::string line; std::getline(in, line);) text += "  " + line + "\n";
   for (const auto& [name, value] : {std::pair<std::string, std::string>{"{formkit}", g_strProgram},
-                                    {"{samples}", FORMKIT_SAMPLES_DIR}})
+                                    {"{samples}", FORMKIT_SAMPLES_DIR},
+                                    {"{viewer}", FORMKIT_VIEWER_PATH}})
     for (std::size_t at; (at = text.find(name)) != std::string::npos;) text.replace(at, name.size(), value);
   return text;
 }

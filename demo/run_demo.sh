@@ -9,6 +9,7 @@ set -uo pipefail
 build=$(cd "${1:?usage: run_demo.sh BUILD-FOLDER OUTPUT-FOLDER}" && pwd)
 out=${2:?usage: run_demo.sh BUILD-FOLDER OUTPUT-FOLDER}
 rm -rf "$out" && mkdir -p "$out" && out=$(cd "$out" && pwd)
+here=$(cd "$(dirname "$0")" && pwd)
 samples=$build/samples
 formkit=$build/formkit
 export FORMKIT_REGISTRY_DIR=$out/.home/registry XDG_CONFIG_HOME=$out/.home/config FORMKIT_UI=headless
@@ -59,6 +60,38 @@ step "register-image: picture table" "$out/hillshade.tab" \
   "$(case $origin in '(255000.0'*',5925400.0'*) echo "ok: gdalinfo places it at $origin" ;;
      *) echo "FAILED: gdalinfo origin '$origin'" ;; esac)"
 
+say "Export the sample objects, every kind, to a Datamine text file and a MineSight string file"
+"$formkit" --data "$samples/objects.tab" export datamine objects -o "$out/objects.txt" --attributes Name | sed "s|$out/||"
+step "export datamine: objects" "$out/objects.txt" \
+  "$("$python" "$here/check_mining_files.py" datamine "$out/objects.txt" "$samples/objects.gpkg")"
+"$formkit" --data "$samples/objects.tab" export minesight objects -o "$out/objects.srg" --flip-xy --multiply 2 1 1 | sed "s|$out/||"
+step "export minesight: objects" "$out/objects.srg" \
+  "$("$python" "$here/check_mining_files.py" minesight "$out/objects.srg" "$samples/objects.gpkg")"
+
+say "Write a georeference file that places the shaded relief twice, west and east, and import it"
+mkdir -p "$out/ogb"
+cp "$samples/hillshade.jpg" "$out/ogb/WEST.JPG"
+cp "$samples/hillshade.jpg" "$out/ogb/EAST.JPG"
+printf '%s\r\n' 'GeoReferenceImage Begin' '  Image = "west.jpg"' '  TopLeft = 255000,5925400' \
+  '  BottomRight = 255200,5925000' 'GeoReferenceImage End' 'ImageDefinition Begin' '  Image = east.jpg' \
+  '  BottomRight = 255400,5925000' '  TopLeft = 255200,5925400' '  TransparentColour = RGB(255, 255, 255)' \
+  'ObjectDefinition End' 'Projection = MGA94 Zone 55' > "$out/ogb/relief.ogb"
+"$formkit" import ogb "$out/ogb/relief.ogb" \
+  --coordsys 'Earth Projection 8, 116, "m", 147, 0, 0.9996, 500000, 10000000' | sed "s|$out/||"
+west=$(gdalinfo "$out/ogb/WEST.JPG" 2>/dev/null | sed -n 's/^Origin = //p')
+east=$(gdalinfo "$out/ogb/EAST.JPG" 2>/dev/null | sed -n 's/^Origin = //p')
+step "import ogb: two raster tables" "$out/ogb/EAST.tab" \
+  "$(case $west/$east in '(255000.0'*',5925400.0'*'/(255200.0'*',5925400.0'*) echo "ok: gdalinfo places them at $west and $east" ;;
+     *) echo "FAILED: gdalinfo origins '$west' and '$east'" ;; esac)"
+
+say "Rewrite the handheld hotlinks of the sample sites as desktop paths"
+"$formkit" --data "$samples/sites.tab" hotlinks sites --fields Report Survey --directory 'C:\Surveys\' \
+  -o "$out/sites_desktop.tab" | sed "s|$out/||"
+reports=$(ogrinfo -ro -al -q "$out/sites_desktop.gpkg" 2>/dev/null | sed -n 's/^ *Report (String) = //p' | tr '\n' ' ')
+step "hotlinks: desktop paths" "$out/sites_desktop.gpkg" \
+  "$([ "$reports" = 'C:\Surveys\site01.doc C:\Surveys\site02.doc photos\site03.jpg ' ] \
+     && echo "ok: ogrinfo reads the new paths" || echo "FAILED: ogrinfo reads '$reports'")"
+
 say "Choose two columns of the collars in the field selection dialog box"
 "$formkit" --data "$samples/collars.tab" fields collars --select MaxDepth HoleID | tee "$out/fields.txt"
 step "fields: field selection" "$out/fields.txt" \
@@ -72,6 +105,22 @@ mkdir -p "$XDG_CONFIG_HOME/Orvex/Terravik"
 step "settings: files and registry" "$out/settings.txt" \
   "$(grep -q 'RSSDelay = "14"' "$out/settings.txt" && [ "$("$formkit" settings get Demo Contours --file demo.ini)" = "$out/dem_contours.dxf" ] \
      && echo "ok: read back" || echo "FAILED")"
+
+say "Show the contour lines in the 3D viewer simulator and save a 3D state beside them"
+# The viewer talks on a session bus of its own for this step.
+dbus-run-session -- bash -c '"$0" viewer register "$1/viewer/Terravik3D.exe" --timeout 10000 &&
+  "$0" viewer start >/dev/null && "$0" viewer load "$2/dem_contours.dxf" && "$0" viewer status &&
+  "$0" viewer save-state "$2/site.3ds"; "$0" viewer stop' "$formkit" "$build" "$out" 2>&1 \
+  | grep -v '^dbus-daemon' | sed -E -e "s|$out/||" -e 's/^process: [0-9]+$/process: (its id)/' | tee "$out/viewer.txt"
+shown=$("$python" -c 'import json, sys
+session = json.load(open(sys.argv[1]))
+print(sum(1 for o in session["objects"] if o["kind"] == 2 and o["name"] == sys.argv[2]))' \
+  "$out/site.ogs" "$out/dem_contours.dxf" 2>/dev/null)
+lines=$("$python" -c 'import sys; print(open(sys.argv[1], "rb").read().split(b"\r\n")[:3] == [b"VERSION 1.0", sys.argv[2].encode(), sys.argv[3].encode()])' \
+  "$out/site.3ds" "$out/site.wor" "$out/site.ogs" 2>/dev/null)
+step "viewer: DXF shown, 3D state" "$out/site.3ds" \
+  "$([ "$shown" = 1 ] && [ "$lines" = True ] && [ -s "$out/site.wor" ] \
+     && echo "ok: python reads the state's lines and the viewer's JSON" || echo "FAILED: shown '$shown', lines '$lines'")"
 
 printf '\n%-30s %-22s %8s  %s\n' step output bytes "checked by a peer"
 for row in "${rows[@]}"; do

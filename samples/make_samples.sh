@@ -9,7 +9,7 @@ src=$(cd "$(dirname "$0")/src" && pwd)
 out=${1:?usage: make_samples.sh OUTPUT-FOLDER}
 mkdir -p "$out"
 # name and reference system (none for tables without objects)
-for entry in collars:EPSG:28355 surveys: assays: lithology: objects:EPSG:4326; do
+for entry in collars:EPSG:28355 surveys: assays: lithology: objects:EPSG:4326 sites:EPSG:28355; do
   name=${entry%%:*}
   srs=${entry#*:}
   rm -f "$out/$name.gpkg"
@@ -23,3 +23,5 @@ cp "$src/dem.tab" "$out/dem.tab"
 # georeferencing beside it: the registration table gives it).
 rm -f "$out/hillshade.jpg"
 gdaldem hillshade -q -compute_edges -of JPEG --config GDAL_PAM_ENABLED NO "$out/dem.tif" "$out/hillshade.jpg"
+# The georeference file that places it.
+cp "$src/hillshade.ogb" "$out/hillshade.ogb"

@@ -56,6 +56,14 @@ FK_API int DXFPolyline(const double *x, const double *y, const double *z, int32_
 FK_API int DXFRegion(const double *x, const double *y, const double *z, int32_t count);
 FK_API int DXFClose(void);
 
+/* Exchange with mining packages and handheld tables: each shows its
+   dialog box over the host's tables (`dispatch` as for ConnectToCartoma)
+   and returns 1 when the box ended with OK, its work done, else 0. */
+FK_API int DatamineExport(int32_t dispatch);
+FK_API int MineSightExport(int32_t dispatch);
+FK_API int OGBImport(int32_t dispatch);
+FK_API int ConvertHotlinks(int32_t dispatch);
+
 /* Pictures: width and height in pixels; 1, or 0 with both left as they were. */
 FK_API int GetPictureSize(const char *file, int32_t *width, int32_t *height);
 
@@ -93,6 +101,37 @@ FK_API int DisplayNewFeeds(void);
 FK_API int CopyDirectory(const char *source, const char *target);
 FK_API int CreateNewDirectory(const char *directory);
 FK_API int RunProgramAndWaitForExit(const char *program, const char *arguments);
+
+/* 3D viewer process. ExecuteTerravik3D answers the viewer's process id, or
+   0 or below when it is not available. `version` belongs to the caller; the
+   whole text is copied. */
+FK_API int ExecuteTerravik3D(void);
+FK_API int ShutdownTerravik3D(void);
+FK_API int IsTvik3DRunning(void);
+FK_API int GetTvik3DProcessID(void);
+FK_API int GetTvik3DVersion(char *version);
+FK_API int Tvik3DSetParent(int32_t window);
+
+/* Loading files into the viewer. A file loaded without the permanent flag
+   is temporary: deleted at unload unless saved with a 3D state. */
+FK_API int LoadDXFFile(const char *file);
+FK_API int LoadPermDXFFile(const char *file, int permanent);
+FK_API int LoadOGBFile(const char *file);
+FK_API int LoadPermOGBFile(const char *file, int permanent);
+FK_API int LoadLogOGBFile(const char *file, int show);
+FK_API int LoadPermLogOGBFile(const char *file, int show, int permanent);
+FK_API int AddOGBFilePart(const char *file, const char *part, int load);
+FK_API int ClearLogOGBFile(void);
+FK_API int RemoveOGBFileIfUnused(const char *file);
+FK_API int ViewGridIn3D(const char *grid);
+FK_API int SetTempFileDeleteOnDestoy(int flag);
+FK_API int SetTempFileDirectory(const char *directory);
+
+/* A saved 3D session: the state file, the host's workspace (.wor) and the
+   viewer's state (.ogs) beside it. */
+FK_API int Save3DState(const char *file);
+FK_API int Load3DState(const char *file);
+FK_API int Refresh3D(void);
 
 #ifdef __cplusplus
 }

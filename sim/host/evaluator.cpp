@@ -62,9 +62,11 @@ Value Host::Evaluate(const Expr& e, const RowContext* row) {
     case ExprKind::Member: {
       Table& table = RequireTable(e.qualifier);
       const std::int64_t current = row && row->table == &table ? row->row : table.m_nCurrentRow;
+      const bool object = EqualNoCase(e.text, "Obj") || EqualNoCase(e.text, "Object");
+      if (current <= 0 && object) return Value(ObjectValue{nullptr, std::make_shared<const CoordSys>(table.m_coordsys)});
       if (current <= 0) throw HostError("No row of table " + table.Name() + " has been fetched");
       if (EqualNoCase(e.text, "RowID")) return Value(static_cast<double>(current));
-      if (EqualNoCase(e.text, "Obj") || EqualNoCase(e.text, "Object")) return ObjectValueOf(table, current);
+      if (object) return ObjectValueOf(table, current);
       return table.Cell(current, table.RequireColumn(e.text));
     }
     case ExprKind::Call: return CallFunction(e, row);
@@ -100,10 +102,10 @@ Value Host::Evaluate(const Expr& e, const RowContext* row) {
   return Value();
 }
 
+// A row without an object, like a table before its first fetch, gives no
+// object: a variable takes it, and what reads an object refuses it.
 Value Host::ObjectValueOf(Table& table, std::int64_t row) {
-  ObjectPtr object = table.ObjectAt(row);
-  if (!object) throw HostError("Row " + std::to_string(row) + " of table " + table.Name() + " has no object");
-  return Value(ObjectValue{object, std::make_shared<const CoordSys>(table.m_coordsys)});
+  return Value(ObjectValue{table.ObjectAt(row), std::make_shared<const CoordSys>(table.m_coordsys)});
 }
 
 Object Host::ObjectFromValue(const Value& value, const Table& table) {

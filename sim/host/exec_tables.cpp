@@ -19,6 +19,15 @@ void InsertRows(Table& table, const std::vector<Row>& rows) {
   for (const Row& row : rows) table.InsertRow(row.values, row.object ? &*row.object : nullptr);
 }
 
+// A raster table shows its image, which a bare or relative name finds
+// beside the table.
+void RequireImage(const std::string& tabPath, const std::string& image, const std::string& table) {
+  const std::filesystem::path written(fk::Native(image));
+  const std::filesystem::path path = written.is_absolute() ? written : std::filesystem::path(tabPath).parent_path() / written;
+  if (!std::filesystem::exists(fk::Native(path.string())))
+    throw HostError("The image " + image + " of raster table " + table + " does not exist");
+}
+
 }  // namespace
 
 Table& Host::OpenTableFile(const std::string& path, const std::string& name) {
@@ -29,6 +38,7 @@ Table& Host::OpenTableFile(const std::string& path, const std::string& name) {
     TabDefinition tab = ReadTabFile(native);
     const CoordSys coordsys = tab.coordsys.value_or(CoordSys::NonEarth("m"));
     if (tab.raster) {
+      RequireImage(native, tab.rasterFile, name);
       table = std::make_unique<Table>(m_db, name, std::vector<Column>{}, coordsys);
       table->m_type = TableType::Raster;
       table->m_strRasterFile = tab.rasterFile;

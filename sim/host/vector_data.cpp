@@ -134,8 +134,12 @@ std::optional<CoordSys> CoordSysOfSrs(const OGRSpatialReference* srs) {
 std::optional<Object> ObjectOfFeature(const OGRFeature& feature, int descriptorField) {
   const OGRGeometry* geometry = feature.GetGeometryRef();
   std::optional<Object> nodes = geometry ? FromOgrGeometry(*geometry) : std::nullopt;
-  if (descriptorField < 0 || !feature.IsFieldSetAndNotNull(descriptorField)) return nodes;
-  Object object = Object::FromDescriptor(feature.GetFieldAsString(descriptorField));
+  // A row without a descriptor, or with an empty one, keeps what its geometry gives.
+  const char* descriptor = descriptorField >= 0 && feature.IsFieldSetAndNotNull(descriptorField)
+                               ? feature.GetFieldAsString(descriptorField)
+                               : "";
+  if (!*descriptor) return nodes;
+  Object object = Object::FromDescriptor(descriptor);
   if (object.IsBoxed() && !object.parts.empty()) return object;  // the box corners are in the descriptor
   if (!nodes) return std::nullopt;
   object.parts = nodes->parts;

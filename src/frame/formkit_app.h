@@ -8,6 +8,9 @@
 
 #include "exchange/dxf_lib.h"
 #include "platform/app/app_base.h"
+#include "settings/temp_file_array.h"
+#include "viewer/viewer_link.h"
+#include "viewer/viewer_session.h"
 
 class CFormkitApp : public fk::AppBase {
  public:
@@ -24,6 +27,11 @@ class CFormkitApp : public fk::AppBase {
   void SwitchProfile(const char* name);
   // The host session's Connect (it works on g_CartomaDriver).
   int Connect(std::int32_t dispatch, int checkApp);
+  // What the viewer operations work on.
+  ViewerSession Viewer3D() {
+    return {m_Viewer, m_nViewerProcessID, m_TempFiles, m_bShowHelp, m_strLogOGBFile};
+  }
+  const std::string& GetTempDirectory() const { return m_strTempDirectory; }
 
   // Raster registration tables: a new one over a rectangle, and one from
   // control points that may keep the lines of an old table. A null clause
@@ -43,6 +51,8 @@ class CFormkitApp : public fk::AppBase {
   int m_bUseNameAlias = 0;
   CDXFLib m_DXF;
   int m_nViewerProcessID = 0;
+  CViewerLink m_Viewer;
+  CTempFileArray m_TempFiles;
   int m_nPointSize = 5;
   int m_nGridCompression = 30;
   int m_nRasterScaling = 2;

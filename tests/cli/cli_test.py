@@ -88,6 +88,11 @@ class BadInput(unittest.TestCase):
         (["register-image", "notes.txt", "--bounds", "0", "0", "1", "1", "-o", "n.tab"], 1, "cannot read the size"),
         (["register-image", "grid.tif", "--bounds", "0", "0", "1", "1", "--transparent", "red"], 2, "--transparent"),
         (["--product", "Nope", "settings", "show"], 2, "Nope not in"),
+        (["--data", "t.csv", "export", "datamine", "t", "-o", "t.txt"], 2, "no table of objects named t is open"),
+        (["import", "ogb", "missing.ogb", "--coordsys", "1, 104"], 2, "no such georeference file: missing.ogb"),
+        (["import", "ogb", "strip.ogb", "--coordsys", "1, 104"], 1, "Unsupported OGB Type(Quad Strip)"),
+        (["viewer", "register", "nowhere.exe"], 2, "no program nowhere.exe"),
+        (["viewer", "load", "a.dxf"], 1, "the viewer is not available (-2)"),
     ]
 
     def test_each_gives_its_exit_code_and_one_line_and_leaves_no_file(self):
@@ -100,6 +105,8 @@ class BadInput(unittest.TestCase):
                 notes.write("not a grid\n")
             with open(os.path.join(folder, "t.csv"), "w") as table:
                 table.write("Hole,Depth2\nA,1\n")
+            with open(os.path.join(folder, "strip.ogb"), "w") as ogb:
+                ogb.write("GeoReferenceImage Begin\nImage = a.jpg\nGeometry = Quad_Strip_H\n")
             before = sorted(os.listdir(folder))
             for args, code, words in self.CASES:
                 with self.subTest(args=args):
@@ -120,17 +127,38 @@ class Host(unittest.TestCase):
             self.assertEqual(result.stdout.split(), ["1", "0"], result.stderr)
 
 
+class Viewer(unittest.TestCase):
+    VIEWER = os.path.join(os.path.dirname(FORMKIT), "viewer", "Terravik3D.exe")
+
+    def test_a_temporary_load_is_deleted_when_the_program_ends_and_a_permanent_one_kept(self):
+        with tempfile.TemporaryDirectory() as folder:
+            env = dict(os.environ, FORMKIT_REGISTRY_DIR=folder, FORMKIT_UI="headless")
+            files = {name: os.path.join(folder, name) for name in ("kept.ogb", "temporary.ogb")}
+            for path in files.values():
+                open(path, "w").close()
+            steps = [["viewer", "register", self.VIEWER, "--timeout", "10000"], ["viewer", "start"],
+                     ["viewer", "load", files["kept.ogb"]], ["viewer", "load", files["temporary.ogb"], "--temporary"],
+                     ["viewer", "stop"]]
+            script = " && ".join(" ".join(shlex.quote(word) for word in [FORMKIT, *step]) for step in steps)
+            result = subprocess.run(["dbus-run-session", "--", "sh", "-c", script], env=env, capture_output=True,
+                                    text=True, timeout=120)
+            self.assertEqual(result.returncode, 0, result.stderr)
+            self.assertTrue(os.path.exists(files["kept.ogb"]))
+            self.assertFalse(os.path.exists(files["temporary.ogb"]), "deleted as the library's records end")
+
+
 class Help(unittest.TestCase):
     def test_every_subcommand_is_listed_and_its_example_works_when_pasted(self):
         listing = run("--help").stdout
         commands = re.findall(r"^  ([a-z-]+) {2,}", listing.split("Subcommands:")[1], re.M)
-        self.assertEqual(commands, ["host", "contour", "register-image", "fields", "settings"])
+        self.assertEqual(commands, ["host", "contour", "register-image", "fields", "settings", "export", "import", "hotlinks", "viewer"])
         for command in commands:
             text = run(command, "--help").stdout
             example = text.split("Example:\n")[1].replace("\\\n", " ")
             with tempfile.TemporaryDirectory() as folder, self.subTest(command=command):
                 for line in filter(str.strip, example.splitlines()):
-                    result = subprocess.run(shlex.split(line), cwd=folder, capture_output=True, text=True)
+                    result = subprocess.run(shlex.split(line), cwd=folder, capture_output=True, text=True,
+                                            env=dict(os.environ, FORMKIT_REGISTRY_DIR=folder))
                     self.assertEqual(result.returncode, 0, line + "\n" + result.stderr)
 
 

@@ -1,45 +1,55 @@
 // The host session against the scripted host: connections, statements,
-// expressions, the product script and its variables.
+// expressions, the product script and its variables; and the host's files
+// read and rewritten directly.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
 
+#include "formkit/formkit.h"
 #include "host/cartoma.h"
 #include "platform/automation/class_registry.h"
 #include "platform/automation/exceptions.h"
-#include "support/scripted_host.h"
+#include "support/host/scripted_host.h"
 #include "support/session_fixture.h"
 
 using ::testing::ElementsAre;
+using CartomaTest = SessionTest;
+using HostFilesTest = SessionTest;
 
 namespace {
 
-using CartomaTest = SessionTest;
-
 // The application check asks the host for its scripts once per check.
 int Checks(const ScriptedHost& host) {
-  return static_cast<int>(std::count(host.Transcript().begin(), host.Transcript().end(), "CBXApplications"));
+  const std::vector<std::string> transcript = host.Transcript();
+  return static_cast<int>(std::count(transcript.begin(), transcript.end(), "CBXApplications"));
 }
 
 TEST_F(CartomaTest, ConnectBorrowsTheScriptsObjectAndChecksTheApplicationOnce) {
-  ScriptedHost host;
-  host.AddScript("terravik.cbx");
+  ScriptedHost host, second;
+  host.Emulator().AddScript("terravik.cbx");
   ASSERT_EQ(g_Cartoma.Connect(host.Handle(), 1), 1);
   EXPECT_EQ(Checks(host), 1);
   EXPECT_EQ(g_Cartoma.m_nProductVariant, 0);
   EXPECT_FALSE(g_CartomaDriver.AutoRelease());
   EXPECT_FALSE(host.Visible()) << "Visible is set only on a host found by its ProgID";
 
-  // Connecting again with the same object: nothing is asked, nothing checked.
+  // Connecting again: the same object is asked nothing, another one takes
+  // the place of the first without a check.
   host.ClearTranscript();
   EXPECT_EQ(g_Cartoma.Connect(host.Handle(), 1), 1);
   EXPECT_TRUE(host.Transcript().empty());
+  EXPECT_EQ(g_Cartoma.Connect(second.Handle(), 1), 1);
+  EXPECT_EQ(Checks(second), 0);
+  g_Cartoma.Do("Close All");
+  EXPECT_THAT(second.Statements(), ElementsAre("Do: Close All"));
+  EXPECT_TRUE(host.Statements().empty());
 
   // Borrowed, not owned: when the host withdraws its object, the library
   // holds no reference that keeps it alive.
-  host.Revoke();
-  EXPECT_EQ(host.Releases(), 1);
+  second.Revoke();
+  EXPECT_FALSE(second.HeldByLibrary());
   // The call itself now fails: Eval turns that into the framework's message,
   // Do catches only the host's own failures.
   int error = 0;
@@ -47,17 +57,6 @@ TEST_F(CartomaTest, ConnectBorrowsTheScriptsObjectAndChecksTheApplicationOnce) {
   EXPECT_EQ(error, 1);
   EXPECT_FALSE(g_Cartoma.m_strLastError.empty());
   EXPECT_THROW(g_Cartoma.Do("Close All"), fk::OleException);
-}
-
-TEST_F(CartomaTest, ConnectWithAnotherObjectSwapsTheDriverWithoutACheck) {
-  ScriptedHost first, second;
-  ASSERT_EQ(g_Cartoma.Connect(first.Handle(), 1), 1);
-  ASSERT_EQ(Checks(first), 1);
-  EXPECT_EQ(g_Cartoma.Connect(second.Handle(), 1), 1);
-  EXPECT_EQ(Checks(second), 0);
-  g_Cartoma.Do("Close All");
-  EXPECT_THAT(second.Statements(), ElementsAre("Do: Close All"));
-  EXPECT_TRUE(first.Statements().empty());
 }
 
 TEST_F(CartomaTest, ConnectWithoutAHandleFindsTheRunningHostAndMakesItVisible) {
@@ -98,9 +97,6 @@ TEST_F(CartomaTest, FailingDoAndEvalKeepTheHostsTextAndLeaveTheSessionUsable) {
   EXPECT_EQ(g_Cartoma.Do("Alter Table Nowhere", 1, &error), 0);
   EXPECT_EQ(error, 1);
   EXPECT_EQ(g_Cartoma.m_strLastError, "Table Nowhere is not open");
-  EXPECT_EQ(g_Cartoma.Do("Set ProgressBars On", 1, &error), 1);
-  EXPECT_EQ(error, 0);
-  EXPECT_EQ(g_Cartoma.m_strLastError, "Table Nowhere is not open") << "a success never clears the last error";
   EXPECT_EQ(g_strCartomaLastError, "") << "the session's failures are not the direct exports' failures";
 
   EXPECT_EQ(g_Cartoma.Eval("TableInfo(9, 1)", &error), "");
@@ -108,8 +104,8 @@ TEST_F(CartomaTest, FailingDoAndEvalKeepTheHostsTextAndLeaveTheSessionUsable) {
   EXPECT_EQ(g_Cartoma.m_strLastError, "Table not found");
   EXPECT_EQ(g_Cartoma.Eval("NumTables()", &error), "3");
   EXPECT_EQ(error, 0);
-  EXPECT_THAT(host.Statements(), ElementsAre("Do: Alter Table Nowhere", "Do: Set ProgressBars On",
-                                             "Eval: TableInfo(9, 1)", "Eval: NumTables()"));
+  EXPECT_THAT(host.Statements(),
+              ElementsAre("Do: Alter Table Nowhere", "Eval: TableInfo(9, 1)", "Eval: NumTables()"));
 }
 
 TEST_F(CartomaTest, DeferredStatementsQueueByGroupAndSendNothing) {
@@ -161,10 +157,11 @@ TEST_F(CartomaTest, TheMemoAnswersRepeatedExpressionsIgnoringCaseWithinItsSlots)
   EXPECT_EQ(std::string(g_Cartoma.m_EvalCache[1].value).size(), 499u);
 }
 
-TEST_F(CartomaTest, FindApplicationScriptAsksInTheProductOrder) {
+TEST_F(CartomaTest, TheProductScriptIsFoundInTheProductOrderAndAnswersForTheProduct) {
   ScriptedHost host;
-  host.AddScript("zelvar.cbx");
-  host.AddScript("utilities.cbx");
+  host.Emulator().SetGlobal("zelvar.cbx", "TerviDir", "/opt/zelvar");
+  host.Emulator().AddScript("utilities.cbx");
+  host.Emulator().QueueProjection("Earth Projection 1, 104", "UTM 55");
   ASSERT_EQ(g_Cartoma.Connect(host.Handle(), 0), 1);
   host.ClearTranscript();
   EXPECT_EQ(g_Cartoma.FindApplicationScript(), 1);
@@ -173,40 +170,115 @@ TEST_F(CartomaTest, FindApplicationScriptAsksInTheProductOrder) {
               ElementsAre("CBXApplications", "CBXApplications.Item: terravik.cbx",
                           "CBXApplications.Item: zelvar3d.cbx", "CBXApplications.Item: zelvar.cbx",
                           "zelvar.cbx CBXGlobals"));
-
   host.ClearTranscript();
   EXPECT_EQ(g_Cartoma.FindApplicationScript(), 1);
   EXPECT_TRUE(host.Transcript().empty()) << "a found script is not searched again";
-}
 
-TEST_F(CartomaTest, NoProductScriptLeavesTheVariantAndGivesNoDirectory) {
-  ScriptedHost host;
-  host.AddScript("other.cbx").SetGlobal("TerviDir", "/opt/other");
-  ASSERT_EQ(g_Cartoma.Connect(host.Handle(), 0), 1);
+  int error = -1;
+  EXPECT_EQ(g_Cartoma.GetTerviDir(), "/opt/zelvar");
+  EXPECT_EQ(g_Cartoma.GetCBXVariable("Missing", &error), "");
+  EXPECT_EQ(error, 0) << "a missing variable is no error";
+  EXPECT_EQ(g_Cartoma.ScriptEval("PROJECTION SELECTION", &error), "Earth Projection 1, 104");
+  EXPECT_EQ(g_Cartoma.ScriptEval("LAST PROJECTION NICENAME", &error), "UTM 55");
+  EXPECT_EQ(error, 0);
+
+  // No product script leaves the variant and gives no directory.
+  ResetSession();
+  ScriptedHost other, bare;
+  other.Emulator().SetGlobal("other.cbx", "TerviDir", "/opt/other");
+  ASSERT_EQ(g_Cartoma.Connect(other.Handle(), 0), 1);
   g_Cartoma.m_nProductVariant = 2;
   EXPECT_EQ(g_Cartoma.FindApplicationScript(), 0);
   EXPECT_EQ(g_Cartoma.m_nProductVariant, 2);
   EXPECT_EQ(g_Cartoma.GetTerviDir(), "");
-
-  ScriptedHost bare;
   bare.WithoutScripts();
   ASSERT_EQ(g_Cartoma.Connect(bare.Handle(), 0), 1);
   EXPECT_EQ(g_Cartoma.FindApplicationScript(), 0);
 }
 
-TEST_F(CartomaTest, ScriptVariablesAndQuestionsGoToTheFoundScript) {
-  ScriptedHost host;
-  ScriptedScript& script = host.AddScript("zelvar3d.cbx");
-  script.SetGlobal("TerviDir", "/opt/zelvar3d");
-  script.Answers().Answer("LAST PROJECTION NICENAME", "UTM 55");
-  ASSERT_EQ(g_Cartoma.Connect(host.Handle(), 1), 1);
+TEST_F(HostFilesTest, RasterFileNameIsTakenFromTheFileLineInCapitals) {
+  ScopedFolder folder;
+  const std::string tab = folder.Write("image.tab",
+                                       "!table\r\n!version 300\r\nDefinition Table\r\n  File \"Aerial Photo.jpg\" \r\n"
+                                       "  Type \"RASTER\"\r\n");
+  EXPECT_EQ(g_Cartoma.GetRasterFileName(tab), "AERIAL PHOTO.JPG");
+  EXPECT_EQ(g_Cartoma.GetRasterFileName(folder.Path() + "/missing.tab"), "");
+  const std::string empty = folder.Write("empty.tab", "  File \"\"\r\n  profile \"grid.grd\"\n");
+  EXPECT_EQ(g_Cartoma.GetRasterFileName(empty), "PROGRID.GRD")
+      << "an empty name searches on, and \"FILE \" inside a word matches";
+}
 
-  int error = -1;
-  EXPECT_EQ(g_Cartoma.GetTerviDir(), "/opt/zelvar3d");
-  EXPECT_EQ(g_Cartoma.GetCBXVariable("Missing", &error), "");
-  EXPECT_EQ(error, 0) << "a missing variable is no error";
-  EXPECT_EQ(g_Cartoma.ScriptEval("LAST PROJECTION NICENAME", &error), "UTM 55");
-  EXPECT_EQ(error, 0);
+TEST_F(HostFilesTest, GridStyleAndControlPoints) {
+  ScopedFolder folder;
+  const std::string tab = folder.Write(
+      "grid.tab",
+      "Definition Table\n  File \"dem.grd\"\n  Type \"RASTER\"\n"
+      "  (500000.5,7000000.25) (0,0) Label \"Pt 1\",\n"
+      "  (501000,7001000) (1000,1000) Label \"Pt 2\"\n"
+      "  (502000,7002000 (2000,2000) Label \"broken\"\n"
+      "  (1,2) (3,4) Unlabelled\n"
+      "  RasterStyle 6 1\n");
+  std::vector<double> xs, ys;
+  std::vector<unsigned long> px, py;
+  EXPECT_EQ(g_Cartoma.ReadTabControlPoints(tab, xs, ys, px, py), 0);
+  EXPECT_THAT(xs, ElementsAre(500000.5, 501000));
+  EXPECT_THAT(ys, ElementsAre(7000000.25, 7001000));
+  EXPECT_THAT(px, ElementsAre(0u, 1000u));
+  EXPECT_THAT(py, ElementsAre(0u, 1000u));
+
+  ScriptedHost host;
+  ASSERT_EQ(g_Cartoma.Connect(host.Handle(), 0), 1);
+  host.Answers().Answer({{"TableInfo(DEM, 19)", tab},
+                         {"TableInfo(Photo, 19)", folder.Write("photo.tab", "RasterStyle 4 1\n")},
+                         {"TableInfo(Gone, 19)", folder.Path() + "/gone.tab"}});
+  EXPECT_EQ(g_Cartoma.IsGridRasterTab("DEM"), 1);
+  EXPECT_EQ(g_Cartoma.IsGridRasterTab("Photo"), 0);
+  EXPECT_EQ(g_Cartoma.IsGridRasterTab("Gone"), 0);
+}
+
+class CopyMetadataTest : public SessionTest {
+ protected:
+  ScopedFolder m_folder;
+  std::string m_source =
+      m_folder.Write("source.tab", "!table\nDefinition Table\nbegin_metadata\n\"\\Key\" = \"1\"\n\"\\Other\" = \"2\"\n");
+};
+
+TEST_F(CopyMetadataTest, TheTargetKeepsItsHeadAndTakesTheSourcesBlockUnderItsOwnMarker) {
+  const std::string target =
+      m_folder.Write("target.tab", "!table\r\nFields 2\r\nBEGIN_METADATA\r\n\"\\Old\" = \"x\"\r\n");
+  EXPECT_EQ(g_Cartoma.CopyTabMetadata(m_source, target), 1);
+  EXPECT_EQ(ReadFile(target), "!table\r\nFields 2\r\nBEGIN_METADATA\r\n\"\\Key\" = \"1\"\r\n\"\\Other\" = \"2\"\r\n");
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(m_folder.Path()), {}), 2) << "no temporary file left";
+
+  // A target without a block gets the marker in lower case.
+  const std::string plain = m_folder.Write("plain.tab", "!table\nFields 1\n");
+  EXPECT_EQ(g_Cartoma.CopyTabMetadata(m_source, plain), 1);
+  EXPECT_EQ(ReadFile(plain), "!table\r\nFields 1\r\nbegin_metadata\r\n\"\\Key\" = \"1\"\r\n\"\\Other\" = \"2\"\r\n");
+
+  const std::string noBlock = m_folder.Write("noblock.tab", "!table\n");
+  EXPECT_EQ(g_Cartoma.CopyTabMetadata(noBlock, plain), 1);
+  EXPECT_EQ(ReadFile(plain), "!table\r\nFields 1\r\nbegin_metadata\r\n") << "an empty block";
+}
+
+TEST_F(CopyMetadataTest, AMissingSourceOrTargetChangesNothing) {
+  const std::string target = m_folder.Write("keep.tab", "!table\nbegin_metadata\n\"\\Mine\" = \"1\"\n");
+  EXPECT_EQ(g_Cartoma.CopyTabMetadata(m_folder.Path() + "/none.tab", target), 0);
+  EXPECT_EQ(ReadFile(target), "!table\nbegin_metadata\n\"\\Mine\" = \"1\"\n");
+  EXPECT_EQ(g_Cartoma.CopyTabMetadata(m_source, m_folder.Path() + "/absent.tab"), 0);
+  EXPECT_FALSE(std::filesystem::exists(m_folder.Path() + "/absent.tab"));
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(m_folder.Path()), {}), 2);
+}
+
+TEST(PenFileTest, ThePenCountComesFromAPen2Header) {
+  ScopedFolder folder;
+  const std::pair<std::string, int> files[] = {{std::string("PEN2\0\0\x2c\x01rest", 12), 300},
+                                               {std::string("pen2\0\0\x05\0", 8), 5},
+                                               {std::string("PEN1\0\0\x05\0", 8), 0},
+                                               {std::string("PEN2\0\0\x05", 7), 0}};
+  for (const auto& [bytes, count] : files)
+    EXPECT_EQ(GetCartomaPenCount(folder.Write("a.pen", bytes).c_str()), count) << bytes.substr(0, 4);
+  EXPECT_EQ(GetCartomaPenCount((folder.Path() + "/none.pen").c_str()), 0);
+  EXPECT_EQ(GetCartomaPenCount(nullptr), 0);
 }
 
 }  // namespace

@@ -59,12 +59,6 @@ TEST(ContourTest, ACellOnTheLevelGivesItsTriangleSidesWithRepeats) {
                           ContourSegment{1, 1, 0.5, 0.5, 5}, ContourSegment{0.5, 0.5, 0, 0, 5}));
 }
 
-TEST(ContourTest, ALevelAcrossACellCutsTheTrianglesAtTheCrossings) {
-  const Grid slope{{{0, 10}, {0, 10}}, {0, 2}, {0, 4}};
-  EXPECT_THAT(ContourThroughExport(slope, 0, 1, 0, 1, {-1, 5, 11}),
-              ElementsAre(ContourSegment{1, 2, 2, 2, 5}, ContourSegment{1, 2, 0, 2, 5}));
-}
-
 TEST(ContourTest, NoLevelsOrNoCellsGiveNothing) {
   const Grid g{{{1, 2, 3}, {4, 5, 6}}, {0, 1}, {0, 1, 2}};
   EXPECT_TRUE(ContourThroughExport(g, 0, 1, 0, 2, {}).empty());

@@ -1,4 +1,5 @@
-// The module's state around exports.
+// The module's state around exports, and timers and pumping on the calling
+// thread's main context.
 #include <gtest/gtest.h>
 #include <langinfo.h>
 #include <locale.h>
@@ -7,13 +8,15 @@
 #include <string>
 
 #include "platform/app/module_guard.h"
+#include "platform/loop/loop.h"
 #include "support/comma_locale.h"
+#include "support/session_fixture.h"
 
 using fk::ModuleGuard;
 
 namespace {
+
 std::string Radix() { return nl_langinfo(RADIXCHAR); }
-}  // namespace
 
 TEST(ModuleGuardTest, InsideIsAPointAndTheCallersLocaleComesBackOnEveryWayOut) {
   const std::string comma = CommaLocaleName();
@@ -76,3 +79,22 @@ TEST(ModuleGuardTest, InsideIsAPointAndTheCallersLocaleComesBackOnEveryWayOut) {
   EXPECT_EQ(Radix(), ",");
   std::setlocale(LC_NUMERIC, "C");
 }
+
+TEST(LoopTest, TimersFireOnceWhenTheLoopIsPumpedUnlessKilled) {
+  int fired = 0;
+  bool killedFired = false, last = false;
+  const unsigned id = fk::SetTimer("once", 1, [&] { ++fired; });
+  const unsigned killed = fk::SetTimer("killed", 1, [&] { killedFired = true; });
+  ASSERT_NE(id, 0u);
+  EXPECT_TRUE(fk::KillTimer(killed));
+  EXPECT_FALSE(fk::KillTimer(killed));
+  EXPECT_EQ(fired, 0) << "nothing runs before the loop is pumped";
+  ASSERT_TRUE(PumpUntil([&] { return fired > 0; }));
+  fk::SetTimer("last", 5, [&] { last = true; });
+  ASSERT_TRUE(PumpUntil([&] { return last; }));
+  EXPECT_EQ(fired, 1);
+  EXPECT_FALSE(killedFired);
+  EXPECT_FALSE(fk::KillTimer(id)) << "a fired timer is gone";
+}
+
+}  // namespace

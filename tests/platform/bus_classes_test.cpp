@@ -1,28 +1,81 @@
 // Automation across processes on a private session bus: values, references
 // and objects on the wire, failures, and what the server keeps for its
-// clients. The host session over the bus runs against the emulator's
-// program in tests/e2e/bus_program_test.cpp.
+// clients; and the cartoma-sim program on the bus, which the host session of
+// the library connects to by name, as to a host in another process.
 #include <fmt/format.h>
+#include <gio/gio.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/wait.h>
 
 #include <atomic>
+#include <functional>
+#include <future>
+#include <memory>
+#include <thread>
 
 #include "host/cartoma.h"
 #include "platform/automation/bus_classes.h"
 #include "platform/automation/bus_connection.h"
+#include "platform/automation/class_registry.h"
 #include "platform/automation/exceptions.h"
 #include "platform/automation/safe_array.h"
-#include "platform/private_bus.h"
+#include "support/private_bus.h"
 #include "support/session_fixture.h"
 
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
+using fk::SafeArray;
+using fk::Variant;
 
 namespace {
 
-using fk::SafeArray;
-using fk::Variant;
+// A thread running a GMainLoop on its own GMainContext, pushed as the
+// thread's default: what a server publishes from there is served there.
+class ServingThread {
+ public:
+  ServingThread()
+      : m_context(g_main_context_new()), m_loop(g_main_loop_new(m_context, FALSE)), m_thread([this] {
+          g_main_context_push_thread_default(m_context);
+          g_main_loop_run(m_loop);
+          g_main_context_pop_thread_default(m_context);
+        }) {}
+  ~ServingThread() {
+    // Quitting from inside the loop: a quit before the loop runs would be lost.
+    Run([this] { g_main_loop_quit(m_loop); });
+    m_thread.join();
+    g_main_loop_unref(m_loop);
+    g_main_context_unref(m_context);
+  }
+
+  // Runs `work` on the thread, inside its loop, and waits until it is done;
+  // an exception it throws comes back here.
+  void Run(std::function<void()> work) {
+    using Job = std::pair<std::function<void()>, std::promise<void>>;
+    auto job = std::make_unique<Job>(std::move(work), std::promise<void>());
+    std::future<void> done = job->second.get_future();
+    g_main_context_invoke(
+        m_context,
+        [](gpointer data) -> gboolean {
+          std::unique_ptr<Job> job(static_cast<Job*>(data));
+          try {
+            job->first();
+            job->second.set_value();
+          } catch (...) {
+            job->second.set_exception(std::current_exception());
+          }
+          return G_SOURCE_REMOVE;
+        },
+        job.release());
+    done.get();
+  }
+
+ private:
+  GMainContext* m_context;
+  GMainLoop* m_loop;
+  std::thread m_thread;
+};
 
 // A value as text: type word, then the payload ("0003:7", "400C>0008:x",
 // "2000[C@5: 0003:7]" for an array of element type 12 from index 5).
@@ -125,15 +178,14 @@ class BusTest : public SessionTest {
   std::shared_ptr<fk::RemoteClasses> m_classes;
 };
 
-TEST_F(BusTest, ANameWithoutAnOwnerGivesNoObject) {
+TEST_F(BusTest, ANameWithoutAnOwnerGivesNoObjectAndTheFirstServerOwnsIt) {
   EXPECT_EQ(m_classes->GetActiveObject("Cartoma.Application"), nullptr);
   EXPECT_EQ(m_classes->CreateObject("Cartoma.Application"), nullptr) << "no service is installed for the name";
   EXPECT_EQ(m_classes->GetActiveObject("not a bus name"), nullptr);
   EXPECT_EQ(g_Cartoma.Connect(0, 1), 0);
   EXPECT_FALSE(g_CartomaDriver.IsAttached());
-}
 
-TEST_F(BusTest, TheFirstServerOwnsTheNameAndCreateObjectReachesIt) {
+  // The first server owns the name, and CreateObject reaches it.
   auto first = std::make_shared<Probe>();
   EXPECT_TRUE(Publish("Test.Probe", first).OwnsName());
   EXPECT_FALSE(Publish("Test.Probe", std::make_shared<Probe>()).OwnsName());
@@ -143,7 +195,14 @@ TEST_F(BusTest, TheFirstServerOwnsTheNameAndCreateObjectReachesIt) {
   EXPECT_EQ(first->m_nCalls, 1);
 }
 
-TEST_F(BusTest, ValuesKeepTheirTypeWordsBothWays) {
+// An array nested n deep, holding an int at the bottom.
+Variant Nested(int depth) {
+  Variant value = Variant::Int(1);
+  for (int i = 0; i < depth; ++i) value = Variant::Array(SafeArray::OfVariants({value}));
+  return value;
+}
+
+TEST_F(BusTest, ValuesAndReferencesKeepTheirTypeWordsAndFailuresTheirKind) {
   auto probe = std::make_shared<Probe>();
   Publish("Test.Probe", probe);
   fk::DispatchPtr remote = m_classes->GetActiveObject("Test.Probe");
@@ -158,18 +217,14 @@ TEST_F(BusTest, ValuesKeepTheirTypeWordsBothWays) {
   ints.Append(Variant::Int(-1));
   const Variant values[] = {Variant(),           Variant::Null(),        Variant::Bool(true),
                             Variant::Double(2.5), Variant::Array(mixed), Variant::Array(ints),
-                            Variant::Array(SafeArray(fk::VT_I4, 1), fk::VT_ARRAY | fk::VT_I4)};
+                            Variant::Array(SafeArray(fk::VT_I4, 1), fk::VT_ARRAY | fk::VT_I4), Nested(8)};
   for (const Variant& value : values) {
     EXPECT_EQ(Describe(Call(remote, kEcho, {value})), Describe(value));
     EXPECT_THAT(probe->m_seen, ElementsAre(Describe(value)));
   }
   EXPECT_EQ(Describe(values[4]), "2000[C@5: 0003:7 0008:Grüße 2003[3@0: 0003:1 0003:2] null object]");
-}
 
-TEST_F(BusTest, ReferencesAreWrittenBackAndValuesAreNot) {
-  auto probe = std::make_shared<Probe>();
-  Publish("Test.Probe", probe);
-  fk::DispatchPtr remote = m_classes->GetActiveObject("Test.Probe");
+  // References are written back, values are not.
   std::int32_t count = 41;
   Variant slot;
   std::vector<Variant> args = {Variant::RefInt(&count), Variant::RefVariant(&slot), Variant::Int(1)};
@@ -178,12 +233,7 @@ TEST_F(BusTest, ReferencesAreWrittenBackAndValuesAreNot) {
   EXPECT_EQ(count, 42);
   EXPECT_EQ(Describe(slot), "2000[3@0: 0003:4 0003:5]");
   EXPECT_EQ(Describe(args[2]), "0003:1");
-}
 
-TEST_F(BusTest, FailuresArriveAsTheirKindOfException) {
-  auto probe = std::make_shared<Probe>();
-  Publish("Test.Probe", probe);
-  fk::DispatchPtr remote = m_classes->GetActiveObject("Test.Probe");
   try {
     Call(remote, kRaise);
     ADD_FAILURE() << "no exception";
@@ -193,30 +243,19 @@ TEST_F(BusTest, FailuresArriveAsTheirKindOfException) {
   EXPECT_THAT([&] { Call(remote, 99); },
               ::testing::ThrowsMessage<fk::OleException>(HasSubstr("The probe has no member 99.")));
 
-  // Refused before anything is sent.
+  // Refused before anything is sent: an object, text that is no UTF-8, an
+  // array nested past the limit; and a reply that would be, as the bus
+  // would disconnect the server for it.
+  probe->m_nCalls = 0;
   EXPECT_THROW(Call(remote, kEcho, {Variant::Object(std::make_shared<Probe>())}), fk::OleException);
   EXPECT_THROW(Call(remote, kEcho, {Variant::Text("\xFF")}), fk::OleException);
-  EXPECT_EQ(probe->m_nCalls, 2);
+  EXPECT_THROW(Call(remote, kEcho, {Nested(9)}), fk::OleException);
+  EXPECT_EQ(probe->m_nCalls, 0);
+  EXPECT_THROW(Call(remote, kWrapInArray, {Nested(8)}), fk::OleException);
+  EXPECT_EQ(Describe(Call(remote, kEcho, {Variant::Int(2)})), "0003:2") << "the server stays on the bus";
 
   StopServing();
   EXPECT_THROW(Call(remote, kEcho), fk::OleException) << "the server is gone";
-}
-
-// An array nested n deep, holding an int at the bottom.
-Variant Nested(int depth) {
-  Variant value = Variant::Int(1);
-  for (int i = 0; i < depth; ++i) value = Variant::Array(SafeArray::OfVariants({value}));
-  return value;
-}
-
-TEST_F(BusTest, ArraysNestedPastTheLimitAreRefusedAndTheServerStaysOnTheBus) {
-  Publish("Test.Probe", std::make_shared<Probe>());
-  fk::DispatchPtr remote = m_classes->GetActiveObject("Test.Probe");
-  EXPECT_EQ(Describe(Call(remote, kEcho, {Nested(8)})), Describe(Nested(8)));
-  EXPECT_THROW(Call(remote, kEcho, {Nested(9)}), fk::OleException);
-  // Were this reply sent, the bus would disconnect the server for it.
-  EXPECT_THROW(Call(remote, kWrapInArray, {Nested(8)}), fk::OleException);
-  EXPECT_EQ(Describe(Call(remote, kEcho, {Variant::Int(2)})), "0003:2");
 }
 
 TEST_F(BusTest, TheServerKeepsAGivenObjectUntilItsProxyOrItsClientGoes) {
@@ -269,6 +308,56 @@ TEST_F(BusTest, MalformedCallsAreRefusedAndTheServerCarriesOn) {
   EXPECT_EQ(Answer(raw->Get(), "/", "Release", "()"), "accepted");
   EXPECT_EQ(Answer(raw->Get(), "/", "Invoke", "(1, uint32 1, [<(uint16 9, <('', objectpath '/')>)>])"), "accepted");
   EXPECT_EQ(Describe(Call(child, kEcho, {Variant::Int(3)})), "0003:3") << "the server still serves";
+}
+
+// The cartoma-sim program on the test's bus; it must stop cleanly on SIGTERM.
+class ProgramOnBus : public BusTest {
+ protected:
+  void TearDown() override {
+    if (m_pid > 0) {
+      kill(m_pid, SIGTERM);
+      int status = 0;
+      waitpid(m_pid, &status, 0);
+      EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << "the program stops cleanly on SIGTERM";
+    }
+    BusTest::TearDown();
+  }
+
+  // Starts the program and waits (a bounded number of rounds) until it owns its name.
+  bool Start(std::vector<std::string> arguments) {
+    std::vector<char*> argv{const_cast<char*>(CARTOMA_SIM_PATH)};
+    for (std::string& argument : arguments) argv.push_back(argument.data());
+    argv.push_back(nullptr);
+    GError* error = nullptr;
+    if (!g_spawn_async(nullptr, argv.data(), nullptr, G_SPAWN_DO_NOT_REAP_CHILD, nullptr, nullptr, &m_pid, &error)) {
+      ADD_FAILURE() << error->message;
+      g_error_free(error);
+      return false;
+    }
+    for (int round = 0; round < 500; ++round) {
+      if (m_classes->GetActiveObject("Cartoma.Application")) return true;
+      g_usleep(20000);
+    }
+    return false;
+  }
+
+  GPid m_pid = 0;
+};
+
+TEST_F(ProgramOnBus, TheSessionConnectsByNameAndRunsStatements) {
+  ASSERT_TRUE(Start({"--script", "zelvar.cbx", "--global", "zelvar.cbx:TerviDir=/opt/zelvar", "--open",
+                     std::string(SIM_SAMPLES_DIR) + "/collars.tab"}));
+  ASSERT_EQ(g_Cartoma.Connect(0, 1), 1);
+  EXPECT_EQ(g_Cartoma.m_nProductVariant, 1) << "zelvar.cbx found through the program's script objects";
+  EXPECT_EQ(g_Cartoma.GetTerviDir(), "/opt/zelvar");
+  EXPECT_EQ(g_Cartoma.GetTableRowCount("collars"), 5);
+
+  EXPECT_TRUE(g_Cartoma.CreatePointVariable("p", 255120, 5925210));
+  int error = 0;
+  g_Cartoma.Do("Fetch Rec 9 From collars", 1, &error);
+  EXPECT_EQ(error, 1);
+  EXPECT_EQ(g_Cartoma.m_strLastError, "Table collars has 5 rows; there is no row 9");
+  EXPECT_EQ(g_Cartoma.Eval("ObjectInfo(p, 1)"), "5") << "the program goes on after a failure";
 }
 
 }  // namespace

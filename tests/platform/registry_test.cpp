@@ -22,6 +22,14 @@ using ::testing::SizeIs;
 
 TEST(RegistryTest, NamesIgnoreCaseAndTextsAndNumbersStayApart) {
   ScopedRegistry registry;
+  for (Hive hive : {Hive::CurrentUser, Hive::LocalMachine}) {
+    EXPECT_EQ(Registry::QueryValue(hive, "Software\\Orvex", "x"), std::nullopt);
+    EXPECT_FALSE(Registry::KeyExists(hive, "Software"));
+    EXPECT_THAT(Registry::ValueNames(hive, "Software"), IsEmpty());
+    EXPECT_FALSE(Registry::DeleteTree(hive, "Software"));
+  }
+  EXPECT_TRUE(std::filesystem::is_empty(registry.Path())) << "reads never create a file";
+
   const Hive hive = Hive::CurrentUser;
   ASSERT_TRUE(Registry::SetString(hive, "Software\\Orvex", "InstallPath", "/opt/orvex"));
   EXPECT_THAT(Registry::QueryString(hive, "\\software\\\\ORVEX\\", "installpath"), Optional(std::string("/opt/orvex")));
@@ -40,17 +48,6 @@ TEST(RegistryTest, NamesIgnoreCaseAndTextsAndNumbersStayApart) {
   EXPECT_TRUE(Registry::DeleteValue(hive, "Software\\Orvex", "COUNT"));
   EXPECT_FALSE(Registry::DeleteValue(hive, "Software\\Orvex", "Count"));
   EXPECT_EQ(Registry::QueryValue(hive, "Software\\Orvex", "Count"), std::nullopt);
-}
-
-TEST(RegistryTest, ReadsNeverCreateAFile) {
-  ScopedRegistry registry;
-  for (Hive hive : {Hive::CurrentUser, Hive::LocalMachine}) {
-    EXPECT_EQ(Registry::QueryValue(hive, "Software\\Orvex", "x"), std::nullopt);
-    EXPECT_FALSE(Registry::KeyExists(hive, "Software"));
-    EXPECT_THAT(Registry::ValueNames(hive, "Software"), IsEmpty());
-    EXPECT_FALSE(Registry::DeleteTree(hive, "Software"));
-  }
-  EXPECT_TRUE(std::filesystem::is_empty(registry.Path()));
 }
 
 TEST(RegistryTest, DeleteTreeTakesTheKeyAndWhatIsBelowItOnly) {

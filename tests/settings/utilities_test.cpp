@@ -45,14 +45,11 @@ TEST(UtilitiesTest, CopyDirectoryMergesTheTreeIntoTheTarget) {
   EXPECT_EQ(CopyDirectory((source.Path() + "/sub").c_str(), fresh.c_str()), 1) << "a missing target is made";
   EXPECT_EQ(ReadFile(fresh + "/deeper/c.txt"), "c");
   EXPECT_EQ(CopyDirectory((source.Path() + "/none").c_str(), fresh.c_str()), 0);
-}
 
-TEST(UtilitiesTest, CopyDirectoryEndsALoopOfLinks) {
-  ScopedFolder source, target;
-  source.Write("a.txt", "a");
+  // A loop of links ends.
   fs::create_directory_symlink(source.Path(), source.Path() + "/again");
   EXPECT_EQ(CopyDirectory(source.Path().c_str(), (target.Path() + "/copy").c_str()), 0) << "cut off at 260 characters";
-  EXPECT_EQ(ReadFile(target.Path() + "/copy/again/again/a.txt"), "a");
+  EXPECT_EQ(ReadFile(target.Path() + "/copy/again/again/a.txt"), "new a");
 }
 
 TEST(UtilitiesTest, RunProgramGivesTheExitCodeAndTheArgumentsAsOneArgument) {

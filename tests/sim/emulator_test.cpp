@@ -38,7 +38,7 @@ class EmulatorObject : public ::testing::Test {
   fk::DispatchDriver m_app;
 };
 
-TEST_F(EmulatorObject, FailuresCarryTheHostsDescriptionAndAreRemembered) {
+TEST_F(EmulatorObject, FailuresCarryTheHostsDescriptionAndAreRememberedAndVisibleIsPut) {
   try {
     Do("Drop Table Holes");
     FAIL() << "no failure raised";
@@ -59,12 +59,10 @@ TEST_F(EmulatorObject, FailuresCarryTheHostsDescriptionAndAreRemembered) {
   EXPECT_EQ(calls[2].member, "Eval");
   EXPECT_EQ(calls[3].answer, "7");
   EXPECT_FALSE(calls[3].failed);
-}
 
-TEST_F(EmulatorObject, VisibleIsAPropertyToPut) {
   EXPECT_FALSE(m_emulator.Visible());
   m_app.SetProperty(kAppVisible, Variant::Bool(true));
-  EXPECT_TRUE(m_emulator.Visible());
+  EXPECT_TRUE(m_emulator.Visible()) << "Visible is a property to put";
 }
 
 TEST_F(EmulatorObject, ScriptsAndGlobalsAreReachedThroughTheirCollections) {

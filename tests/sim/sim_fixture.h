@@ -9,16 +9,24 @@
 #include <string>
 
 #include "sim/host/host.h"
-#include "support/session_fixture.h"
+#include "support/host/emulated_host.h"
 
 class SimTest : public ::testing::Test {
  protected:
   void Do(const std::string& statement) { m_host.Do(statement); }
   std::string Eval(const std::string& expression) { return m_host.Eval(expression); }
   // The description of the failure of a statement; fails the test when it succeeds.
-  std::string DoError(const std::string& statement);
+  std::string DoError(const std::string& statement) {
+    try {
+      m_host.Do(statement);
+    } catch (const std::exception& e) {
+      return e.what();
+    }
+    ADD_FAILURE() << "the statement succeeded: " << statement;
+    return {};
+  }
   // A sample table copied into the test's own folder; its .tab path.
-  std::string Sample(const std::string& name);
+  std::string Sample(const std::string& name) { return CopySample(m_folder, name); }
   std::string Folder() const { return m_folder.Path(); }
 
   ScopedFolder m_folder;

@@ -48,11 +48,6 @@ std::string CompileCommaLocale() {
 }  // namespace
 
 std::string CommaLocaleName() {
-  static const std::string name = [] {
-    for (const char* candidate : {"de_DE.UTF-8", "de_DE.utf8", "de_DE", "fr_FR.UTF-8", "fr_FR.utf8", "nl_NL.UTF-8",
-                                  "ru_RU.UTF-8", "es_ES.UTF-8", "it_IT.UTF-8"})
-      if (HasCommaPoint(candidate)) return std::string(candidate);
-    return CompileCommaLocale();
-  }();
+  static const std::string name = HasCommaPoint("de_DE.UTF-8") ? "de_DE.UTF-8" : CompileCommaLocale();
   return name;
 }

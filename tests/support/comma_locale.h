@@ -4,7 +4,7 @@
 
 #include <string>
 
-// The name of such a locale for setlocale and newlocale: an installed one
-// (de_DE, fr_FR, ...), else one compiled with localedef into a temporary
-// folder that LOCPATH then points at. Empty when there is none to be had.
+// The name of such a locale for setlocale and newlocale: de_DE when it is
+// installed, else one compiled with localedef into a temporary folder that
+// LOCPATH then points at. Empty when there is none to be had.
 std::string CommaLocaleName();

@@ -21,15 +21,6 @@ FormkitLibrary::FormkitLibrary(bool freshCopy) {
   }
   m_handle = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
   if (!m_handle) throw std::runtime_error(std::string("dlopen failed: ") + dlerror());
-  m_api = {FORMKIT_EXPORT(*this, fk_register_object),
-           FORMKIT_EXPORT(*this, fk_revoke_object),
-           FORMKIT_EXPORT(*this, fk_register_active_object),
-           FORMKIT_EXPORT(*this, fk_revoke_active_object),
-           FORMKIT_EXPORT(*this, fk_value_text),
-           FORMKIT_EXPORT(*this, fk_value_bool),
-           FORMKIT_EXPORT(*this, fk_value_set_text),
-           FORMKIT_EXPORT(*this, fk_value_set_object),
-           FORMKIT_EXPORT(*this, fk_fail)};
 }
 
 FormkitLibrary::~FormkitLibrary() {

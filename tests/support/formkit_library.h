@@ -6,8 +6,6 @@
 
 #include <string>
 
-#include "support/host_api.h"
-
 // The export `name` of `library`, typed as the declaration in formkit.h says.
 #define FORMKIT_EXPORT(library, name) (library).Export<decltype(name)>(#name)
 
@@ -24,12 +22,10 @@ class FormkitLibrary {
   Function* Export(const char* name) const {
     return reinterpret_cast<Function*>(Symbol(name));
   }
-  const HostApi& Api() const { return m_api; }
 
  private:
   void* Symbol(const char* name) const;
 
   void* m_handle = nullptr;
   std::string m_copy;
-  HostApi m_api{};
 };

@@ -1,12 +1,15 @@
 #include "support/session_fixture.h"
 
+#include <chrono>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <thread>
 
 #include "host/cartoma.h"
+#include "platform/loop/loop.h"
 
 namespace {
 std::string MakeTempFolder() {
@@ -66,4 +69,10 @@ std::string ReadFile(const std::string& path) {
   std::stringstream content;
   content << in.rdbuf();
   return content.str();
+}
+
+bool PumpUntil(const std::function<bool()>& done) {
+  for (int round = 0; round < 60000 && !done(); ++round)
+    if (fk::PumpMessages(50) == 0) std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  return done();
 }

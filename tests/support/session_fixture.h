@@ -1,11 +1,15 @@
-// Test fixtures: private folders, registry and application data, and the
-// host session of the linked library put back to its state at module load.
+// Test fixtures: private folders, registry and application data, the host
+// session of the linked library put back to its state at module load, and
+// a headless backend for dialog boxes.
 #pragma once
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <optional>
 #include <string>
+
+#include "platform/ui/headless/headless_ui.h"
 
 // A fresh folder, removed with everything in it at the end.
 class ScopedFolder {
@@ -55,5 +59,23 @@ class SessionTest : public ::testing::Test {
   ScopedRegistry m_registry;
 };
 
+// A session test with a fresh headless backend in place, so that its dialog
+// boxes, prompts and progress windows are driven and read by the test.
+class HeadlessTest : public SessionTest {
+ protected:
+  void SetUp() override {
+    SessionTest::SetUp();
+    fk::ui::SetCurrentUi(&m_ui);
+  }
+  void TearDown() override {
+    fk::ui::SetCurrentUi(nullptr);
+    SessionTest::TearDown();
+  }
+  fk::ui::HeadlessUi m_ui;
+};
+
 void ResetSession();
 std::string ReadFile(const std::string& path);
+// Runs the calling thread's main loop until `done` holds; false when it
+// still doesn't after a generous number of rounds (about a minute).
+bool PumpUntil(const std::function<bool()>& done);

@@ -13,6 +13,11 @@ bool FileExists(std::string_view path) {
   return std::filesystem::is_regular_file(Native(path), ec);
 }
 
+bool FolderExists(std::string_view path) {
+  std::error_code ec;
+  return std::filesystem::is_directory(Native(path), ec);
+}
+
 bool CopyFileOver(std::string_view source, std::string_view target) {
   std::error_code ec;
   return std::filesystem::copy_file(Native(source), Native(target),

@@ -10,6 +10,8 @@
 namespace fk {
 
 bool FileExists(std::string_view path);
+// Whether `path` names a folder.
+bool FolderExists(std::string_view path);
 // Copies `source` over `target`, replacing it; false when either side fails.
 bool CopyFileOver(std::string_view source, std::string_view target);
 bool RemoveFile(std::string_view path);

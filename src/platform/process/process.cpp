@@ -38,14 +38,20 @@ void Collected(GPid, gint, gpointer) {}
 
 }  // namespace
 
-ChildProcess ChildProcess::Spawn(std::string_view program, const std::vector<std::string>& argv) {
+ChildProcess ChildProcess::Spawn(std::string_view program, const std::vector<std::string>& argv,
+                                 std::string_view folder) {
   const std::string path = Native(program);
+  const std::string workFolder = folder.empty() ? std::string() : Native(folder);
   std::vector<char*> args;
   for (const std::string& arg : argv) args.push_back(const_cast<char*>(arg.c_str()));
   args.push_back(nullptr);
+  posix_spawn_file_actions_t actions;
+  posix_spawn_file_actions_init(&actions);
+  if (!workFolder.empty()) posix_spawn_file_actions_addchdir_np(&actions, workFolder.c_str());
   pid_t pid = -1;
-  if (posix_spawn(&pid, path.c_str(), nullptr, nullptr, args.data(), environ) != 0) return ChildProcess(-1);
-  return ChildProcess(pid);
+  const int failed = posix_spawn(&pid, path.c_str(), &actions, nullptr, args.data(), environ);
+  posix_spawn_file_actions_destroy(&actions);
+  return ChildProcess(failed ? -1 : pid);
 }
 
 ChildProcess::ChildProcess(ChildProcess&& other) noexcept : m_pid(other.m_pid), m_bSettled(other.m_bSettled) {

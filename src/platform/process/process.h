@@ -19,9 +19,11 @@ class ChildProcess {
  public:
   // Starts `program` (a path as the system writes it, through Native()) with
   // exactly `argv` as its argument vector, first entry included, and the
-  // library's environment and working folder. Started() is false when it
+  // library's environment, in `folder` (through Native()) when one is given,
+  // else in the library's working folder. Started() is false when it
   // couldn't be started.
-  static ChildProcess Spawn(std::string_view program, const std::vector<std::string>& argv);
+  static ChildProcess Spawn(std::string_view program, const std::vector<std::string>& argv,
+                            std::string_view folder = {});
 
   ChildProcess(ChildProcess&& other) noexcept;
   ChildProcess& operator=(ChildProcess&&) = delete;

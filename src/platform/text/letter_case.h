@@ -8,6 +8,7 @@
 namespace fk {
 
 std::string ToUpper(std::string_view text);
+std::string ToLower(std::string_view text);
 bool EqualsNoCase(std::string_view a, std::string_view b);
 
 }  // namespace fk

@@ -42,6 +42,24 @@ std::int32_t Atoi(std::string_view text) {
 
 std::int32_t Atol(std::string_view text) { return Atoi(text); }
 
+std::optional<double> ScanDouble(std::string_view text) {
+  Terminated t(text);
+  char* end = nullptr;
+  const double value = strtod_l(t.copy.c_str(), &end, CLocale());
+  if (end == t.copy.c_str()) return std::nullopt;
+  return value;
+}
+
+std::optional<std::int32_t> ScanInteger(std::string_view text) {
+  Terminated t(text);
+  char* end = nullptr;
+  const long long value = strtoll_l(t.copy.c_str(), &end, 10, CLocale());
+  if (end == t.copy.c_str()) return std::nullopt;
+  if (value > INT32_MAX) return INT32_MAX;
+  if (value < INT32_MIN) return INT32_MIN;
+  return static_cast<std::int32_t>(value);
+}
+
 std::optional<double> ParseWholeNumber(std::string_view text) {
   Terminated t(text);
   const char* begin = t.copy.c_str();

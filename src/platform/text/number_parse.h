@@ -14,6 +14,12 @@ double Atof(std::string_view text);
 std::int32_t Atoi(std::string_view text);
 std::int32_t Atol(std::string_view text);
 
+// The number at the start of the text as sscanf's "%lf" and "%d" read it:
+// white space skipped, the longest valid prefix taken (an integer clamped
+// to 32 bits); nothing when no number stands there.
+std::optional<double> ScanDouble(std::string_view text);
+std::optional<std::int32_t> ScanInteger(std::string_view text);
+
 // The whole text, blanks around it allowed, as one number; nothing otherwise.
 std::optional<double> ParseWholeNumber(std::string_view text);
 

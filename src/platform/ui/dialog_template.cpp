@@ -59,13 +59,17 @@ struct TemplateReader {
     const int owner = reader->objects.back();
     if (owner == -2 && reader->element == "title") reader->result->title.assign(text, length);
     if (owner >= 0 && reader->element == "label") reader->result->controls[owner].label.assign(text, length);
+    if (owner >= 0 && reader->element == "style" && std::string_view(text, length).find("_SORT") != std::string_view::npos)
+      reader->result->controls[owner].sorted = true;
   }
 };
 
-DialogTemplate ReadTemplate(const DialogResource& resource) {
+}  // namespace
+
+DialogTemplate ReadDialogTemplate(unsigned id, const char* xrc) {
   DialogTemplate result;
-  result.id = resource.id;
-  result.xrc = resource.xrc;
+  result.id = id;
+  result.xrc = xrc;
   TemplateReader reader;
   reader.result = &result;
   const GMarkupParser parser = {TemplateReader::Start, TemplateReader::End, TemplateReader::Text, nullptr, nullptr};
@@ -73,16 +77,14 @@ DialogTemplate ReadTemplate(const DialogResource& resource) {
       g_markup_parse_context_new(&parser, G_MARKUP_TREAT_CDATA_AS_TEXT, &reader, nullptr),
       g_markup_parse_context_free);
   GError* error = nullptr;
-  if (!g_markup_parse_context_parse(context.get(), resource.xrc, -1, &error) ||
+  if (!g_markup_parse_context_parse(context.get(), xrc, -1, &error) ||
       !g_markup_parse_context_end_parse(context.get(), &error)) {
     const std::string message = error ? error->message : "unreadable";
     g_clear_error(&error);
-    throw std::runtime_error("dialog template " + std::to_string(resource.id) + ": " + message);
+    throw std::runtime_error("dialog template " + std::to_string(id) + ": " + message);
   }
   return result;
 }
-
-}  // namespace
 
 const DialogTemplate& GetDialogTemplate(unsigned id) {
   static std::mutex mutex;
@@ -90,7 +92,8 @@ const DialogTemplate& GetDialogTemplate(unsigned id) {
   std::lock_guard lock(mutex);
   if (auto it = templates.find(id); it != templates.end()) return it->second;
   for (unsigned i = 0; i < kDialogResourceCount; ++i)
-    if (kDialogResources[i].id == id) return templates.emplace(id, ReadTemplate(kDialogResources[i])).first->second;
+    if (kDialogResources[i].id == id)
+      return templates.emplace(id, ReadDialogTemplate(id, kDialogResources[i].xrc)).first->second;
   throw std::out_of_range("the library has no dialog template " + std::to_string(id));
 }
 

@@ -11,6 +11,7 @@ namespace fk::ui {
 struct TemplateControl {
   std::string kind;   // the toolkit class of the control, e.g. "wxListBox"
   std::string label;  // its text in the template
+  bool sorted = false;  // a list or combo box that keeps its entries sorted (wxLB_SORT, wxCB_SORT)
 };
 
 struct DialogTemplate {
@@ -22,5 +23,8 @@ struct DialogTemplate {
 
 // The template `id`; throws std::out_of_range when the library has none.
 const DialogTemplate& GetDialogTemplate(unsigned id);
+// The template `id` read from its XRC text, which must outlive it; throws
+// std::runtime_error when the text is no template.
+DialogTemplate ReadDialogTemplate(unsigned id, const char* xrc);
 
 }  // namespace fk::ui

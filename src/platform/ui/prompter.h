@@ -42,6 +42,11 @@ class Prompter {
   virtual ~Prompter() = default;
   // The button pressed (IDOK, IDCANCEL, IDYES, IDNO).
   virtual int MessageBox(const std::string& text, unsigned type) = 0;
+  // A message box under a caption of its own (otherwise the program's name).
+  virtual int CaptionedMessageBox(const std::string& text, const std::string& caption, unsigned type) {
+    (void)caption;
+    return MessageBox(text, type);
+  }
   // The chosen path, or nothing on cancel.
   virtual std::optional<std::string> FileDialog(const FileDialogRequest& request) = 0;
   virtual std::optional<std::string> BrowseFolder(const std::string& title, const std::string& start) = 0;

@@ -20,7 +20,16 @@ std::optional<std::string> HeadlessPrompter::NextPath() {
 }
 
 int HeadlessPrompter::MessageBox(const std::string& text, unsigned type) {
-  Record({ShownPrompt::Message, text, type, {}, {}});
+  Record({ShownPrompt::Message, text, type, {}, {}, {}});
+  return NextButton(type);
+}
+
+int HeadlessPrompter::CaptionedMessageBox(const std::string& text, const std::string& caption, unsigned type) {
+  Record({ShownPrompt::Message, text, type, {}, {}, caption});
+  return NextButton(type);
+}
+
+int HeadlessPrompter::NextButton(unsigned type) {
   if (m_buttons.empty()) return FirstButton(type);
   const int button = m_buttons.front();
   m_buttons.pop_front();
@@ -28,12 +37,12 @@ int HeadlessPrompter::MessageBox(const std::string& text, unsigned type) {
 }
 
 std::optional<std::string> HeadlessPrompter::FileDialog(const FileDialogRequest& request) {
-  Record({request.open ? ShownPrompt::FileOpen : ShownPrompt::FileSave, {}, 0, request, {}});
+  Record({request.open ? ShownPrompt::FileOpen : ShownPrompt::FileSave, {}, 0, request, {}, {}});
   return NextPath();
 }
 
 std::optional<std::string> HeadlessPrompter::BrowseFolder(const std::string& title, const std::string& start) {
-  Record({ShownPrompt::Folder, title, 0, {}, start});
+  Record({ShownPrompt::Folder, title, 0, {}, start, {}});
   return NextPath();
 }
 

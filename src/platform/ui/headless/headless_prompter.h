@@ -19,11 +19,13 @@ struct ShownPrompt {
   unsigned type = 0;             // message box buttons and icon
   FileDialogRequest request;     // file boxes
   std::string start;             // folder box's start folder
+  std::string caption;           // a message box's own caption, if it has one
 };
 
 class HeadlessPrompter : public Prompter {
  public:
   int MessageBox(const std::string& text, unsigned type) override;
+  int CaptionedMessageBox(const std::string& text, const std::string& caption, unsigned type) override;
   std::optional<std::string> FileDialog(const FileDialogRequest& request) override;
   std::optional<std::string> BrowseFolder(const std::string& title, const std::string& start) override;
 
@@ -39,6 +41,7 @@ class HeadlessPrompter : public Prompter {
  private:
   void Record(ShownPrompt prompt);
   std::optional<std::string> NextPath();
+  int NextButton(unsigned type);
 
   std::deque<int> m_buttons;
   std::deque<std::optional<std::string>> m_paths;

@@ -24,6 +24,7 @@ void HeadlessDialog::Press(int id) {
 void HeadlessDialog::Type(int id, const std::string& text) {
   RequireUsable(id);
   m_view.SetText(id, text);
+  m_controller.OnEditChange(id);
 }
 
 void HeadlessDialog::SetCheck(int id, int state) {

@@ -1,5 +1,7 @@
 #include "platform/ui/headless/headless_view.h"
 
+#include <strings.h>
+
 #include <algorithm>
 #include <stdexcept>
 
@@ -14,6 +16,24 @@ auto& At(Items& items, int index, unsigned dialog, int id) {
   return items[static_cast<std::size_t>(index)];
 }
 
+// The order of a sorted list or combo box: ignoring letter case, then as written.
+bool SortsBefore(const std::string& a, const std::string& b) {
+  const int order = strcasecmp(a.c_str(), b.c_str());
+  return order < 0 || (order == 0 && a < b);
+}
+
+// Adds an entry at the end, or where it sorts; its index.
+int AddEntry(HeadlessControl& control, const std::string& text) {
+  auto& entries = control.entries;
+  auto at = entries.end();
+  if (control.sorted)
+    at = std::upper_bound(entries.begin(), entries.end(), text,
+                          [](const std::string& t, const HeadlessEntry& entry) { return SortsBefore(t, entry.text); });
+  // The insertion may move the entries: the index is taken after it.
+  const auto added = entries.insert(at, HeadlessEntry{text});
+  return static_cast<int>(added - entries.begin());
+}
+
 }  // namespace
 
 HeadlessView::HeadlessView(const DialogTemplate& dialogTemplate)
@@ -22,6 +42,7 @@ HeadlessView::HeadlessView(const DialogTemplate& dialogTemplate)
     HeadlessControl& state = m_controls[id];
     state.kind = control.kind;
     state.text = control.label;
+    state.sorted = control.sorted;
   }
 }
 
@@ -48,11 +69,7 @@ const HeadlessControl& HeadlessView::OfKind(int id, std::initializer_list<const 
   return control;
 }
 
-int HeadlessView::ListAdd(int id, const std::string& text) {
-  auto& entries = List(id).entries;
-  entries.push_back({text});
-  return static_cast<int>(entries.size()) - 1;
-}
+int HeadlessView::ListAdd(int id, const std::string& text) { return AddEntry(List(id), text); }
 
 void HeadlessView::ListDelete(int id, int index) {
   auto& entries = List(id).entries;
@@ -71,11 +88,7 @@ std::vector<std::string> HeadlessView::ListTexts(int id) const {
   return texts;
 }
 
-int HeadlessView::ComboAdd(int id, const std::string& text) {
-  auto& entries = Combo(id).entries;
-  entries.push_back({text});
-  return static_cast<int>(entries.size()) - 1;
-}
+int HeadlessView::ComboAdd(int id, const std::string& text) { return AddEntry(Combo(id), text); }
 
 void HeadlessView::ComboClear(int id) {
   HeadlessControl& combo = Combo(id);

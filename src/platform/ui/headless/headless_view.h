@@ -30,6 +30,7 @@ struct HeadlessRow {
 struct HeadlessControl {
   std::string kind;
   std::string text;
+  bool sorted = false;  // entries go where they sort, not at the end
   int check = 0;
   bool enabled = true;
   bool shown = true;

@@ -1,6 +1,7 @@
 #include "platform/ui/wx/dialog_events.h"
 
 #include <wx/listctrl.h>
+#include <wx/textctrl.h>
 #include <wx/tglbtn.h>
 #include <wx/window.h>
 
@@ -20,6 +21,7 @@ DialogEvents::DialogEvents(wxWindow& root, DialogController& controller, WxDialo
     m_root.Bind(wxEventTypeTag<wxCommandEvent>(type), &DialogEvents::OnSelected, this);
   m_root.Bind(wxEVT_LIST_ITEM_CHECKED, &DialogEvents::OnRowChecked, this);
   m_root.Bind(wxEVT_LIST_ITEM_UNCHECKED, &DialogEvents::OnRowChecked, this);
+  m_root.Bind(wxEVT_TEXT, &DialogEvents::OnTextChanged, this);
 }
 
 DialogEvents::~DialogEvents() {
@@ -29,6 +31,7 @@ DialogEvents::~DialogEvents() {
     m_root.Unbind(wxEventTypeTag<wxCommandEvent>(type), &DialogEvents::OnSelected, this);
   m_root.Unbind(wxEVT_LIST_ITEM_CHECKED, &DialogEvents::OnRowChecked, this);
   m_root.Unbind(wxEVT_LIST_ITEM_UNCHECKED, &DialogEvents::OnRowChecked, this);
+  m_root.Unbind(wxEVT_TEXT, &DialogEvents::OnTextChanged, this);
 }
 
 int DialogEvents::Source(const wxCommandEvent& event) const {
@@ -45,6 +48,13 @@ void DialogEvents::OnSelected(wxCommandEvent& event) {
   const int id = Source(event);
   if (id < 0) return event.Skip();
   m_calls.Run([&] { m_controller.OnSelectionChange(id); });
+}
+
+// Only what the user types: the view sets texts without this event.
+void DialogEvents::OnTextChanged(wxCommandEvent& event) {
+  const int id = Source(event);
+  if (id < 0) return event.Skip();
+  m_calls.Run([&] { m_controller.OnEditChange(id); });
 }
 
 void DialogEvents::OnRowChecked(wxListEvent& event) {

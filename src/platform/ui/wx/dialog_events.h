@@ -1,7 +1,8 @@
 // The toolkit's events of one dialog box's controls, as the dialog box's
 // calls: a button, check box or radio button pressed goes to OnCommand, a
 // list or combo box's new selection to OnSelectionChange, a list control
-// row's check box to OnListCtrlCheck. Only controls of the template count;
+// row's check box to OnListCtrlCheck, text typed in an edit control to
+// OnEditChange. Only controls of the template count;
 // events of other windows go on to the parent.
 #pragma once
 
@@ -27,6 +28,7 @@ class DialogEvents {
   void OnPressed(wxCommandEvent& event);
   void OnSelected(wxCommandEvent& event);
   void OnRowChecked(wxListEvent& event);
+  void OnTextChanged(wxCommandEvent& event);
   int Source(const wxCommandEvent& event) const;
 
   wxWindow& m_root;

@@ -73,9 +73,14 @@ long FileBoxStyle(const FileDialogRequest& request) {
 }  // namespace
 
 int WxPrompter::MessageBox(const std::string& text, unsigned type) {
+  return CaptionedMessageBox(text, {}, type);
+}
+
+int WxPrompter::CaptionedMessageBox(const std::string& text, const std::string& caption, unsigned type) {
   wxWindow* parent = m_parent();
   const long buttons = ButtonStyle(type);
-  wxMessageDialog box(parent, ToWx(text), CaptionOver(parent), buttons | IconStyle(type));
+  wxMessageDialog box(parent, ToWx(text), caption.empty() ? CaptionOver(parent) : ToWx(caption),
+                      buttons | IconStyle(type));
   return SystemAnswer(box.ShowModal(), buttons);
 }
 

@@ -17,6 +17,7 @@ class WxPrompter : public Prompter {
   explicit WxPrompter(std::function<wxWindow*()> parent) : m_parent(std::move(parent)) {}
 
   int MessageBox(const std::string& text, unsigned type) override;
+  int CaptionedMessageBox(const std::string& text, const std::string& caption, unsigned type) override;
   std::optional<std::string> FileDialog(const FileDialogRequest& request) override;
   std::optional<std::string> BrowseFolder(const std::string& title, const std::string& start) override;
 

@@ -1,22 +1,26 @@
 // The dialog view on screen: what the dialog box's code sets shows in the
 // toolkit's controls, what the user does there reads back and reaches the
-// code, and faults of the code throw as they do without a screen.
+// code, and faults of the code throw as they do without a screen; and a
+// property sheet: a page for each dialog box under its template's title,
+// each page's controls working for its own code, and the sheet's OK and
+// Cancel asked of every page.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <wx/bookctrl.h>
 #include <wx/checkbox.h>
 #include <wx/combobox.h>
 #include <wx/dialog.h>
 #include <wx/listbox.h>
 #include <wx/listctrl.h>
+#include <wx/propdlg.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 
 #include <stdexcept>
 #include <thread>
 
-#include "probe_dialog.h"
-#include "test_templates.h"
 #include "dialogs_met.h"
+#include "probe_dialog.h"
 #include "toolkit_test.h"
 #include "toolkit_user.h"
 
@@ -27,7 +31,7 @@ namespace {
 
 class DialogViewWxTest : public ToolkitTest {
  protected:
-  int Run(ProbeDialog& dialog) { return Backend().RunModal(dialog, EveryControlTemplate()); }
+  int Run(ProbeDialog& dialog) { return Backend().RunModal(dialog, TestTemplate(9001)); }
 
   ProbeDialog m_dialog{9001};
   DialogsMet m_dialogs;
@@ -38,7 +42,10 @@ Kind& Get(wxDialog& box, int id) {
   return dynamic_cast<Kind&>(user::Control(box, id));
 }
 
-TEST_F(DialogViewWxTest, TextsChecksAndStatesShowInTheControlsAndReadBack) {
+// One run over a control of every kind: what the code set shows in the
+// toolkit's controls, and what the user did there reads back and reaches
+// the code (the code's own changes don't come back to it).
+TEST_F(DialogViewWxTest, EveryControlShowsWhatTheCodeSetAndTheCodeReadsWhatTheUserDid) {
   m_dialog.onInit = [](DialogView& view) {
     view.SetTitle("Hole Options");
     view.SetText(EDIT, "DH-007");
@@ -47,36 +54,6 @@ TEST_F(DialogViewWxTest, TextsChecksAndStatesShowInTheControlsAndReadBack) {
     view.SetCheck(RADIO_TWO, 1);
     view.Enable(ACT, false);
     view.Show(LABEL, false);
-  };
-  m_dialogs.Use([this](wxDialog& box) {
-    EXPECT_EQ(box.GetTitle(), "Hole Options");
-    EXPECT_EQ(Get<wxTextCtrl>(box, EDIT).GetValue(), "DH-007");
-    EXPECT_EQ(Get<wxStaticText>(box, LABEL).GetLabel(), "Collar table");
-    EXPECT_EQ(Get<wxCheckBox>(box, TRISTATE).Get3StateValue(), wxCHK_UNDETERMINED);
-    EXPECT_FALSE(user::Control(box, ACT).IsEnabled());
-    EXPECT_FALSE(user::Control(box, LABEL).IsShown());
-    EXPECT_THROW(user::Press(box, ACT), std::logic_error) << "a disabled button can't be pressed";
-
-    Get<wxTextCtrl>(box, EDIT).SetValue("DH-008");  // typed
-    user::Click(box, TRISTATE);
-    user::Click(box, RADIO_ONE);
-    const DialogView& view = m_dialog.ItsView();
-    EXPECT_EQ(view.Text(EDIT), "DH-008");
-    EXPECT_EQ(view.Check(TRISTATE), 0) << "a click on an undetermined box clears it";
-    EXPECT_EQ(view.Check(RADIO_ONE), 1);
-    EXPECT_EQ(view.Check(RADIO_TWO), 0) << "radio buttons of a group exclude each other";
-    EXPECT_EQ(view.Check(ACT), 0) << "a button keeps no check";
-    EXPECT_FALSE(view.IsEnabled(ACT));
-    EXPECT_FALSE(view.IsShown(LABEL));
-    EXPECT_EQ(view.Title(), "Hole Options");
-    user::Press(box, fk::ui::IDOK);
-  });
-  EXPECT_EQ(Run(m_dialog), fk::ui::IDOK);
-  EXPECT_THAT(m_dialog.calls, ElementsAre("init", "button 1102", "button 1103", "ok"));
-}
-
-TEST_F(DialogViewWxTest, ListsAndCombosKeepEntriesDataAndSelection) {
-  m_dialog.onInit = [](DialogView& view) {
     for (const char* name : {"Au", "Ag", "Cu"}) view.ListSetData(LIST, view.ListAdd(LIST, name), name[1]);
     view.ListSelect(LIST, 0, true);
     view.ListSelect(LIST, 2, true);
@@ -87,39 +64,6 @@ TEST_F(DialogViewWxTest, ListsAndCombosKeepEntriesDataAndSelection) {
     view.ComboAdd(CHOICE, "Metres");
     view.ComboAdd(CHOICE, "Feet");
     view.ComboSetCurSel(CHOICE, 0);
-  };
-  m_dialogs.Use([this](wxDialog& box) {
-    auto& list = Get<wxListBox>(box, LIST);
-    wxArrayInt selected;
-    list.GetSelections(selected);
-    EXPECT_THAT(user::Entries(box, LIST), ElementsAre("Au", "Cu"));
-    EXPECT_THAT(std::vector<int>(selected.begin(), selected.end()), ElementsAre(0, 1));
-    EXPECT_EQ(Get<wxComboBox>(box, COMBO).GetValue(), "UTM 51S");
-
-    user::SelectEntries(box, LIST, {1});
-    DialogView& view = m_dialog.ItsView();
-    EXPECT_FALSE(view.ListIsSelected(LIST, 0));
-    EXPECT_TRUE(view.ListIsSelected(LIST, 1));
-    EXPECT_EQ(view.ListData(LIST, 1), 'u');
-    EXPECT_EQ(view.ComboData(COMBO, 0), 50);
-    EXPECT_EQ(view.ComboCurSel(COMBO), 1);
-    EXPECT_EQ(view.Text(CHOICE), "Metres");
-    user::ChooseCombo(box, CHOICE, 1);
-    EXPECT_EQ(view.ComboCurSel(CHOICE), 1);
-
-    view.ComboSetCurSel(COMBO, -1);
-    EXPECT_EQ(view.ComboCurSel(COMBO), -1);
-    EXPECT_EQ(Get<wxComboBox>(box, COMBO).GetValue(), "") << "no current entry leaves the combo box empty";
-    view.ListClear(LIST);
-    EXPECT_EQ(view.ListCount(LIST), 0);
-    user::Press(box, fk::ui::IDOK);
-  });
-  EXPECT_EQ(Run(m_dialog), fk::ui::IDOK);
-  EXPECT_THAT(m_dialog.calls, ElementsAre("init", "selection 1105", "selection 1107", "ok"));
-}
-
-TEST_F(DialogViewWxTest, ListControlsHaveColumnsRowsChecksAndData) {
-  m_dialog.onInit = [](DialogView& view) {
     view.ListCtrlInsertColumn(REPORT, 0, "Table", 140);
     view.ListCtrlInsertColumn(REPORT, 1, "Rows", 60);
     for (int row = 0; row < 3; ++row) {
@@ -132,6 +76,18 @@ TEST_F(DialogViewWxTest, ListControlsHaveColumnsRowsChecksAndData) {
     view.ListCtrlSelect(REPORT, 2, true);
   };
   m_dialogs.Use([this](wxDialog& box) {
+    EXPECT_EQ(box.GetTitle(), "Hole Options");
+    EXPECT_EQ(Get<wxTextCtrl>(box, EDIT).GetValue(), "DH-007");
+    EXPECT_EQ(Get<wxStaticText>(box, LABEL).GetLabel(), "Collar table");
+    EXPECT_EQ(Get<wxCheckBox>(box, TRISTATE).Get3StateValue(), wxCHK_UNDETERMINED);
+    EXPECT_FALSE(user::Control(box, ACT).IsEnabled());
+    EXPECT_FALSE(user::Control(box, LABEL).IsShown());
+    EXPECT_THROW(user::Press(box, ACT), std::logic_error) << "a disabled button can't be pressed";
+    wxArrayInt selected;
+    Get<wxListBox>(box, LIST).GetSelections(selected);
+    EXPECT_THAT(user::Entries(box, LIST), ElementsAre("Au", "Cu"));
+    EXPECT_THAT(std::vector<int>(selected.begin(), selected.end()), ElementsAre(0, 1));
+    EXPECT_EQ(Get<wxComboBox>(box, COMBO).GetValue(), "UTM 51S");
     auto& report = Get<wxListCtrl>(box, REPORT);
     ASSERT_EQ(report.GetItemCount(), 4);
     EXPECT_EQ(report.GetColumnWidth(0), 140);
@@ -142,14 +98,40 @@ TEST_F(DialogViewWxTest, ListControlsHaveColumnsRowsChecksAndData) {
     EXPECT_EQ(report.GetItemState(2, wxLIST_STATE_SELECTED), wxLIST_STATE_SELECTED);
     user::Screenshot(box, "every-control");
 
-    report.CheckItem(3, true);  // by the user
+    Get<wxTextCtrl>(box, EDIT).SetValue("DH-008");  // typed
+    user::Click(box, TRISTATE);
+    user::Click(box, RADIO_ONE);
+    user::SelectEntries(box, LIST, {1});
+    user::ChooseCombo(box, CHOICE, 1);
+    report.CheckItem(3, true);
     DialogView& view = m_dialog.ItsView();
+    EXPECT_EQ(view.Title(), "Hole Options");
+    EXPECT_EQ(view.Text(EDIT), "DH-008");
+    EXPECT_EQ(view.Check(TRISTATE), 0) << "a click on an undetermined box clears it";
+    EXPECT_EQ(view.Check(RADIO_ONE), 1);
+    EXPECT_EQ(view.Check(RADIO_TWO), 0) << "radio buttons of a group exclude each other";
+    EXPECT_EQ(view.Check(ACT), 0) << "a button keeps no check";
+    EXPECT_FALSE(view.IsEnabled(ACT));
+    EXPECT_FALSE(view.IsShown(LABEL));
+    EXPECT_FALSE(view.ListIsSelected(LIST, 0));
+    EXPECT_TRUE(view.ListIsSelected(LIST, 1));
+    EXPECT_EQ(view.ListData(LIST, 1), 'u');
+    EXPECT_EQ(view.ComboData(COMBO, 0), 50);
+    EXPECT_EQ(view.ComboCurSel(COMBO), 1);
+    EXPECT_EQ(view.ComboCurSel(CHOICE), 1);
+    EXPECT_EQ(view.Text(CHOICE), "Feet");
     EXPECT_TRUE(view.ListCtrlCheck(REPORT, 3));
     EXPECT_EQ(view.ListCtrlData(REPORT, 3), 12);
     EXPECT_EQ(view.ListCtrlColumnWidth(REPORT, 1), 60);
     EXPECT_TRUE(view.ListCtrlIsSelected(REPORT, 2));
     EXPECT_EQ(view.ListCtrlText(REPORT, 1, 0), "Table 0");
     EXPECT_EQ(view.ListCtrlText(REPORT, 1, 5), "") << "a column the control lacks has no text";
+
+    view.ComboSetCurSel(COMBO, -1);
+    EXPECT_EQ(view.ComboCurSel(COMBO), -1);
+    EXPECT_EQ(Get<wxComboBox>(box, COMBO).GetValue(), "") << "no current entry leaves the combo box empty";
+    view.ListClear(LIST);
+    EXPECT_EQ(view.ListCount(LIST), 0);
     view.ListCtrlDeleteRow(REPORT, 0);
     EXPECT_EQ(view.ListCtrlText(REPORT, 0, 0), "Table 0");
     view.ListCtrlDeleteAll(REPORT);
@@ -157,8 +139,8 @@ TEST_F(DialogViewWxTest, ListControlsHaveColumnsRowsChecksAndData) {
     user::Press(box, fk::ui::IDOK);
   });
   EXPECT_EQ(Run(m_dialog), fk::ui::IDOK);
-  EXPECT_THAT(m_dialog.calls, ElementsAre("init", "row 1108 3", "ok"))
-      << "the user's check reaches the code; the code's own checks don't come back to it";
+  EXPECT_THAT(m_dialog.calls, ElementsAre("init", "button 1102", "button 1103", "selection 1105", "selection 1107",
+                                          "row 1108 3", "ok"));
 }
 
 TEST_F(DialogViewWxTest, FaultsOfTheDialogBoxCodeThrowAsWithoutAScreen) {
@@ -183,43 +165,96 @@ TEST_F(DialogViewWxTest, FaultsOfTheDialogBoxCodeThrowAsWithoutAScreen) {
   EXPECT_THROW(Run(m_dialog), std::runtime_error) << "the fault comes out of the run";
 }
 
-TEST_F(DialogViewWxTest, CloseBoxAndEscapeAreCancelAndTheCodeDecides) {
+// A question stands over the box that asks; the close box and Escape are
+// Cancel, and the code decides.
+TEST_F(DialogViewWxTest, AQuestionStandsOverTheBoxAndTheCloseBoxAndEscapeAreCancel) {
+  int answer = 0;
+  m_dialog.onInit = [](DialogView& view) { view.SetTitle("Reproject"); };
+  m_dialog.onButton = [&](DialogView&, fk::ui::Prompter& prompter, int) {
+    answer = prompter.MessageBox("Overwrite the tables?", fk::ui::MB_YESNO);
+  };
   m_dialog.refuseCancel = 2;
-  m_dialogs.Use([](wxDialog& box) {
+  wxDialog* asking = nullptr;
+  m_dialogs.Use([&](wxDialog& box) {
+    asking = &box;
+    user::Press(box, ACT);
     box.Close();  // the close box
     EXPECT_TRUE(box.IsModal()) << "the code refused";
     user::PressEscape(box);
     EXPECT_TRUE(box.IsModal());
     user::PressEscape(box);
   });
-  EXPECT_EQ(Run(m_dialog), fk::ui::IDCANCEL);
-  EXPECT_THAT(m_dialog.calls, ElementsAre("init", "cancel", "cancel", "cancel"));
-
-  ProbeDialog endsAtOnce(9001);
-  endsAtOnce.onInit = [&](DialogView&) { endsAtOnce.ItsView().EndDialog(7); };
-  EXPECT_EQ(Run(endsAtOnce), 7);
-  EXPECT_EQ(m_dialogs.Met(), 1) << "a box ended as it started is never shown";
-}
-
-TEST_F(DialogViewWxTest, AQuestionStandsOverTheBoxThatAsks) {
-  int answer = 0;
-  m_dialog.onInit = [](DialogView& view) { view.SetTitle("Reproject"); };
-  m_dialog.onButton = [&](DialogView&, fk::ui::Prompter& prompter, int) {
-    answer = prompter.MessageBox("Overwrite the tables?", fk::ui::MB_YESNO);
-  };
-  wxDialog* asking = nullptr;
-  m_dialogs.Use([&](wxDialog& box) {
-    asking = &box;
-    user::Press(box, ACT);
-    user::Press(box, fk::ui::IDOK);
-  });
   m_dialogs.Answer([&](wxDialog& question) {
     EXPECT_EQ(question.GetParent(), asking);
     EXPECT_EQ(question.GetTitle(), "Reproject");
     return wxID_YES;
   });
-  EXPECT_EQ(Run(m_dialog), fk::ui::IDOK);
+  EXPECT_EQ(Run(m_dialog), fk::ui::IDCANCEL);
   EXPECT_EQ(answer, fk::ui::IDYES);
+  EXPECT_THAT(m_dialog.calls, ElementsAre("init", "button 1109", "cancel", "cancel", "cancel"));
+
+  ProbeDialog endsAtOnce(9001);
+  endsAtOnce.onInit = [&](DialogView&) { endsAtOnce.ItsView().EndDialog(7); };
+  EXPECT_EQ(Run(endsAtOnce), 7);
+  EXPECT_EQ(m_dialogs.Met(), 2) << "a box ended as it started is never shown";
+}
+
+class PropertySheetWxTest : public ToolkitTest {
+ protected:
+  int Run() {
+    return Backend().RunPropertySheet("Export Options", {&m_first, &m_second},
+                                      {&TestTemplate(9101), &TestTemplate(9102)});
+  }
+
+  ProbeDialog m_first{9101};
+  ProbeDialog m_second{9102};
+  DialogsMet m_dialogs;
+};
+
+wxBookCtrlBase& Book(wxDialog& sheet) { return *dynamic_cast<wxPropertySheetDialog&>(sheet).GetBookCtrl(); }
+
+void PressSheet(wxDialog& sheet, int id) {
+  wxCommandEvent event(wxEVT_BUTTON, id);
+  wxWindow* button = sheet.FindWindow(id);
+  ASSERT_NE(button, nullptr);
+  event.SetEventObject(button);
+  button->HandleWindowEvent(event);
+}
+
+TEST_F(PropertySheetWxTest, PagesWorkForTheirOwnCodeAndOKCancelAndTheCloseBoxAskEveryPage) {
+  m_first.onInit = [](fk::ui::DialogView& view) { view.ListAdd(1201, "HoleID"); };
+  m_first.onButton = [](fk::ui::DialogView& view, fk::ui::Prompter&, int) { view.ListAdd(1201, "Depth"); };
+  m_second.onInit = [](fk::ui::DialogView& view) { view.SetText(1301, "/data/out"); };
+  m_second.refuseOK = 1;
+  m_dialogs.Use([this](wxDialog& sheet) {
+    EXPECT_EQ(sheet.GetTitle(), "Export Options");
+    ASSERT_EQ(Book(sheet).GetPageCount(), 2u);
+    EXPECT_EQ(Book(sheet).GetPageText(0), "Columns");
+    EXPECT_EQ(Book(sheet).GetPageText(1), "Output");
+    EXPECT_EQ(m_second.ItsView().Title(), "Output") << "a page's title is its tab's";
+
+    user::Press(sheet, 1202);
+    EXPECT_THAT(user::Entries(sheet, 1201), ElementsAre("HoleID", "Depth"));
+    user::Screenshot(sheet, "property-sheet");
+    PressSheet(sheet, wxID_OK);
+    EXPECT_TRUE(sheet.IsModal()) << "the second page refused";
+    EXPECT_EQ(Book(sheet).GetSelection(), 1) << "the page that refused is shown";
+    PressSheet(sheet, wxID_OK);
+  });
+  EXPECT_EQ(Run(), fk::ui::IDOK);
+  EXPECT_THAT(m_first.calls, ElementsAre("init", "button 1202", "ok", "ok"));
+  EXPECT_THAT(m_second.calls, ElementsAre("init", "ok", "ok"));
+
+  m_first.calls.clear();
+  m_second.calls.clear();
+  m_dialogs.Use([](wxDialog& sheet) { sheet.Close(); });  // the close box
+  EXPECT_EQ(Run(), fk::ui::IDCANCEL);
+  EXPECT_THAT(m_first.calls, ElementsAre("init", "cancel"));
+  EXPECT_THAT(m_second.calls, ElementsAre("init", "cancel"));
+
+  m_first.onButton = [](fk::ui::DialogView& view, fk::ui::Prompter&, int) { view.EndDialog(fk::ui::IDOK); };
+  m_dialogs.Use([](wxDialog& sheet) { user::Press(sheet, 1202); });
+  EXPECT_EQ(Run(), fk::ui::IDOK) << "the page's own button ended the sheet";
 }
 
 }  // namespace

@@ -20,7 +20,11 @@ class ProbeDialog : public fk::ui::DialogController {
   int refuseCancel = 0;
   std::vector<std::string> calls;
 
-  bool OnInitDialog() override;
+  bool OnInitDialog() override {
+    calls.push_back("init");
+    if (onInit) onInit(View());
+    return true;
+  }
   void OnSelectionChange(int id) override { calls.push_back("selection " + std::to_string(id)); }
   void OnListCtrlCheck(int id, int row) override {
     calls.push_back("row " + std::to_string(id) + " " + std::to_string(row));
@@ -28,7 +32,19 @@ class ProbeDialog : public fk::ui::DialogController {
   fk::ui::DialogView& ItsView() const { return View(); }
 
  protected:
-  void OnOK() override;
-  void OnCancel() override;
-  void OnButton(int id) override;
+  void OnOK() override { End("ok", refuseOK, fk::ui::IDOK); }
+  void OnCancel() override { End("cancel", refuseCancel, fk::ui::IDCANCEL); }
+  void OnButton(int id) override {
+    calls.push_back("button " + std::to_string(id));
+    if (onButton) onButton(View(), Prompt(), id);
+  }
+
+ private:
+  void End(const char* call, int& refusals, int result) {
+    calls.push_back(call);
+    if (refusals > 0)
+      --refusals;
+    else
+      EndDialog(result);
+  }
 };

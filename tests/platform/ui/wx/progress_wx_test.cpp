@@ -9,17 +9,15 @@
 #include <wx/stattext.h>
 
 #include "frame/formkit_app.h"
-#include "private_display.h"
 #include "services/progress_wnd.h"
 #include "probe_dialog.h"
-#include "test_templates.h"
 #include "dialogs_met.h"
 #include "toolkit_test.h"
 #include "toolkit_user.h"
 
 namespace {
 
-class ProgressWxTest : public ToolkitDialogTest {
+class ProgressWxTest : public ToolkitTest {
  protected:
   DialogsMet m_dialogs;
 
@@ -35,34 +33,22 @@ class ProgressWxTest : public ToolkitDialogTest {
   }
 };
 
-TEST_F(ProgressWxTest, FourLinesAboveTheBarAndButtonCentredOnTheDisplay) {
-  CProgressWnd progress("Export Progress");
-  wxFrame& window = Window();
-  EXPECT_TRUE(window.IsShown());
-  EXPECT_TRUE(window.HasFlag(wxSTAY_ON_TOP));
-  const wxRect text = Part<wxStaticText>("text").GetRect();
-  const wxRect button = Part<wxButton>("cancel").GetRect();
-  const wxRect bar = Part<wxGauge>("bar").GetRect();
-  const wxSize client = window.GetClientSize();
-  EXPECT_EQ(client.x, 390);
-  EXPECT_EQ(text, wxRect(10, 10, 370, 4 * Part<wxStaticText>("text").GetCharHeight()));
-  EXPECT_EQ(button.GetRight() + 1, 380) << "the button stands at the right, under the text";
-  EXPECT_EQ(button.y, text.GetBottom() + 1 + 10);
-  EXPECT_EQ(bar.x, 10);
-  EXPECT_EQ(bar.GetRight() + 1 + 10, button.x) << "the bar fills the row beside the button";
-  EXPECT_EQ(client.y, button.GetBottom() + 1 + 10);
-  EXPECT_EQ(Part<wxButton>("cancel").GetLabel(), " Cancel ");
-  EXPECT_EQ(window.GetPosition(), wxPoint((PrivateDisplay::kWidth - window.GetSize().x) / 2,
-                                          (PrivateDisplay::kHeight - window.GetSize().y) / 2));
-}
-
-TEST_F(ProgressWxTest, TheWindowOpensWhereTheUserLeftIt) {
+TEST_F(ProgressWxTest, FourLinesAboveTheBarAndButtonCentredOnTheDisplayUntilTheUserMovesIt) {
   {
-    CProgressWnd progress;
-    Window().Move(120, 90);  // by the user
+    CProgressWnd progress("Export Progress");
+    wxFrame& window = Window();
+    EXPECT_TRUE(window.IsShown());
+    EXPECT_TRUE(window.HasFlag(wxSTAY_ON_TOP));
+    const wxRect text = Part<wxStaticText>("text").GetRect();
+    EXPECT_EQ(text.height, 4 * Part<wxStaticText>("text").GetCharHeight()) << "four lines of text";
+    EXPECT_EQ(Part<wxGauge>("bar").GetRect().GetRight() + 1 + 10, Part<wxButton>("cancel").GetRect().x)
+        << "the bar fills the row beside the button";
+    EXPECT_EQ(window.GetPosition(), wxPoint((kScreenWidth - window.GetSize().x) / 2,
+                                            (kScreenHeight - window.GetSize().y) / 2));
+    window.Move(120, 90);  // by the user
   }
   CProgressWnd again;
-  EXPECT_EQ(Window().GetPosition(), wxPoint(120, 90));
+  EXPECT_EQ(Window().GetPosition(), wxPoint(120, 90)) << "the window opens where the user left it";
 }
 
 TEST_F(ProgressWxTest, TheLoopMovesTheBarAndTheCancelButtonStopsIt) {
@@ -88,7 +74,7 @@ TEST_F(ProgressWxTest, TheLoopMovesTheBarAndTheCancelButtonStopsIt) {
   }
   EXPECT_EQ(done, 5) << "the press waited for the loop's next pump";
   EXPECT_EQ(wxWindow::FindWindowByName("progress"), nullptr) << "the window goes with its loop";
-  EXPECT_EQ(theApp.GetProfileInt("Settings", "X", -1), (PrivateDisplay::kWidth - 390) / 2);
+  EXPECT_EQ(theApp.GetProfileInt("Settings", "X", -1), (kScreenWidth - 390) / 2);
 }
 
 // The work of a dialog box's button runs while the box holds the input
@@ -110,7 +96,7 @@ TEST_F(ProgressWxTest, AClickOnCancelReachesTheWindowWhileADialogBoxRuns) {
     user::Press(box, ACT);
     user::Press(box, fk::ui::IDOK);
   });
-  EXPECT_EQ(Backend().RunModal(dialog, EveryControlTemplate()), fk::ui::IDOK);
+  EXPECT_EQ(Backend().RunModal(dialog, TestTemplate(9001)), fk::ui::IDOK);
   EXPECT_TRUE(cancelled);
 }
 

@@ -1,20 +1,32 @@
 // The prompter's boxes on screen, met before they show: what the system's
-// request makes of each box, and what the button pressed answers.
+// request makes of each box, and what the button pressed answers; and the
+// field selection box on screen, through the export of a loaded libformkit.so
+// that chose the toolkit itself (the box's own rules are tested without a
+// screen in tests/services/script_boxes_test.cpp).
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <wx/dialog.h>
 #include <wx/dirdlg.h>
 #include <wx/filedlg.h>
+#include <wx/listbox.h>
 #include <wx/msgdlg.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 
 #include "dialogs_met.h"
+#include "formkit/formkit.h"
+#include "services/select_fields_dlg.h"
+#include "support/formkit_library.h"
 #include "toolkit_test.h"
 #include "toolkit_user.h"
 
-namespace {
-
 using namespace fk::ui;
+using ::testing::ElementsAre;
+using SelectFieldsWxTest = ToolkitTest;
+
+namespace {
 
 class PrompterWxTest : public ToolkitTest {
  protected:
@@ -53,7 +65,7 @@ TEST_F(PrompterWxTest, MessageBoxesShowTheSystemsButtonsAndIconsAndAnswerItsIds)
   }
 }
 
-TEST_F(PrompterWxTest, TheOpenBoxTakesTheSystemsFilterAndStartNameAndAddsTheExtension) {
+TEST_F(PrompterWxTest, TheFileBoxesTakeTheSystemsFilterAndStartNameAndAddTheExtension) {
   FileDialogRequest request;
   request.defaultExt = "tab";
   request.fileName = Path("holes.tab");
@@ -76,11 +88,9 @@ TEST_F(PrompterWxTest, TheOpenBoxTakesTheSystemsFilterAndStartNameAndAddsTheExte
 
   m_dialogs.Answer([](wxDialog&) { return wxID_CANCEL; });
   EXPECT_EQ(Prompts().FileDialog(request), std::nullopt);
-}
 
-TEST_F(PrompterWxTest, TheSaveBoxAsksBeforeReplacingTheNameWithItsExtension) {
+  // The save box asks before replacing the name with its extension.
   std::ofstream(Path("collars.tab")) << "!table\n";
-  FileDialogRequest request;
   request.open = false;
   request.defaultExt = "*.tab";
   request.filter = "Cartoma Table (*.tab)|*.tab||";
@@ -100,7 +110,7 @@ TEST_F(PrompterWxTest, TheSaveBoxAsksBeforeReplacingTheNameWithItsExtension) {
   });
   answerName("assays");
   EXPECT_EQ(Prompts().FileDialog(request), Path("assays.tab"));
-  EXPECT_EQ(m_dialogs.Met(), 3);
+  EXPECT_EQ(m_dialogs.Met(), 5);
 }
 
 TEST_F(PrompterWxTest, TheFolderPickerHasTheTitleAndGivesTheChosenFolder) {
@@ -114,6 +124,32 @@ TEST_F(PrompterWxTest, TheFolderPickerHasTheTitleAndGivesTheChosenFolder) {
   EXPECT_EQ(Prompts().BrowseFolder("Select permanent directory", m_folder.Path()), Path("tables"));
   m_dialogs.Answer([](wxDialog&) { return wxID_CANCEL; });
   EXPECT_EQ(Prompts().BrowseFolder("Select permanent directory", m_folder.Path()), std::nullopt);
+}
+
+constexpr int AVAILABLE = CSelectFieldsDlg::IDC_AVAILABLE;
+constexpr int SELECTED = CSelectFieldsDlg::IDC_SELECTED;
+
+TEST_F(SelectFieldsWxTest, TheExportChoosesTheToolkitAndMovesABlockInReverse) {
+  const char* names[5] = {"HoleID", "From", "To", "Au_ppm", "holeid"};
+  int32_t flags[5] = {0, 0, 0, 1, 0};
+  DialogsMet dialogs;
+  setenv("FORMKIT_UI", "wx", 1);
+  FormkitLibrary library(false);  // the built library, beside libformkit-wx.so
+  auto selectFields = FORMKIT_EXPORT(library, SelectFieldsDialog);
+  dialogs.Use([](wxDialog& box) {
+    EXPECT_THAT(user::Entries(box, AVAILABLE), ElementsAre("HoleID", "From", "To", "holeid"));
+    EXPECT_THAT(user::Entries(box, SELECTED), ElementsAre("Au_ppm"));
+    user::SelectEntries(box, AVAILABLE, {1, 2});
+    user::Press(box, CSelectFieldsDlg::IDC_ADD);
+    EXPECT_THAT(user::Entries(box, SELECTED), ElementsAre("Au_ppm", "To", "From"));
+    auto& selected = dynamic_cast<wxListBox&>(user::Control(box, SELECTED));
+    EXPECT_EQ(reinterpret_cast<std::intptr_t>(selected.GetClientData(1)), 2) << "an entry keeps its item data";
+    user::Screenshot(box, "select-fields");
+    user::Press(box, fk::ui::IDOK);
+  });
+  EXPECT_EQ(selectFields(names, flags, 5), 1);
+  EXPECT_THAT(flags, ElementsAre(0, 1, 1, 1, 0));
+  unsetenv("FORMKIT_UI");
 }
 
 }  // namespace

@@ -1,26 +1,46 @@
 // Tests of the toolkit backend: libformkit-wx.so loaded as the library
-// loads it, on a private X server. Without Xvfb they are skipped. A check
-// of the toolkit that fails inside the backend fails the test.
+// loads it, on a private X server (Xvfb) that the program starts once, and
+// put in place as the current backend, so that the dialog boxes of the
+// linked library run on it too. Without Xvfb the tests are skipped. A
+// check of the toolkit that fails inside the backend fails the test.
+//
+// Dialog templates made for these tests (templates/<id>.xrc) are read and
+// given to the backend the way the library gives its own: 9001, a box with
+// a control of every kind the dialog view knows; 9101 and 9102, two pages
+// for a property sheet (a list and a button; an edit control).
 #pragma once
 
 #include <gtest/gtest.h>
 
+#include "platform/ui/dialog_template.h"
 #include "platform/ui/ui_backend.h"
 #include "support/session_fixture.h"
+
+// Controls of the box with every kind.
+enum EveryControl {
+  EDIT = 1100,
+  LABEL = 1101,
+  TRISTATE = 1102,
+  RADIO_ONE = 1103,
+  RADIO_TWO = 1104,
+  LIST = 1105,
+  COMBO = 1106,
+  CHOICE = 1107,
+  REPORT = 1108,
+  ACT = 1109,
+};
+
+const fk::ui::DialogTemplate& TestTemplate(unsigned id);
+
+// The size of the private display.
+constexpr int kScreenWidth = 1024;
+constexpr int kScreenHeight = 768;
 
 class ToolkitTest : public SessionTest {
  protected:
   void SetUp() override;
-
-  // The backend of the loaded libformkit-wx.so, started on the private
-  // display.
-  static fk::ui::UiBackend& Backend();
-};
-
-// The same backend put in place as the current one, so that the dialog
-// boxes of the linked library run on it.
-class ToolkitDialogTest : public ToolkitTest {
- protected:
-  void SetUp() override;
   void TearDown() override;
+
+  // The backend of the loaded libformkit-wx.so, started on the private display.
+  static fk::ui::UiBackend& Backend();
 };

@@ -1,0 +1,323 @@
+// The library with the host emulator: loaded as a host loads it, with the
+// emulator registered through the host C API and the exports called by
+// name as a script calls them; and the host session's table and object
+// operations on real sample tables, with what they write read back by GDAL
+// and compared with what PROJ gives.
+#include <gdal_priv.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <ogrsf_frmts.h>
+#include <proj.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "formkit/formkit.h"
+#include "host/cartoma.h"
+#include "support/host/emulated_host.h"
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+
+namespace {
+
+class LibraryOnEmulator : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    m_emulator.SetGlobal("terravik.cbx", "TerviDir", "/opt/terravik");
+    m_emulator.AddScript("utilities.cbx");
+    m_registration = std::make_unique<sim::CApiRegistration>(m_api, m_emulator.Application());
+    m_handle = m_registration->Handle();
+    ASSERT_NE(m_handle, 0);
+    ASSERT_EQ(FORMKIT_EXPORT(*this, InitFormkitInstance)("Terravik"), 1);
+  }
+
+  template <typename F>
+  F* Export(const char* name) {
+    return m_library.Export<F>(name);
+  }
+  int Do(const std::string& statement) { return FORMKIT_EXPORT(*this, CartomaDo)(m_handle, statement.c_str()); }
+  std::string Eval(const std::string& expression) {
+    return FORMKIT_EXPORT(*this, CartomaEval)(m_handle, expression.c_str());
+  }
+  std::string LastError() { return FORMKIT_EXPORT(*this, CartomaLastError)(); }
+  std::vector<std::string> Calls() const {
+    std::vector<std::string> calls;
+    for (const sim::CallRecord& call : m_emulator.Calls()) calls.push_back(call.member + ": " + call.text);
+    return calls;
+  }
+  bool Called(const std::string& member, const std::string& text) const {
+    for (const sim::CallRecord& call : m_emulator.Calls())
+      if (call.member == member && call.text == text) return true;
+    return false;
+  }
+
+  ScopedRegistry m_registry;
+  ScopedFolder m_folder;
+  FormkitLibrary m_library;
+  sim::HostCApi m_api = HostCApiOf(m_library);
+  sim::Emulator m_emulator;
+  std::unique_ptr<sim::CApiRegistration> m_registration;
+  int32_t m_handle = 0;
+};
+
+TEST_F(LibraryOnEmulator, ConnectingFindsTheProductScriptOfTheHost) {
+  EXPECT_EQ(FORMKIT_EXPORT(*this, ConnectToCartoma)(0), 0) << "no handle and no running host";
+  EXPECT_EQ(reinterpret_cast<void*>(FORMKIT_EXPORT(*this, ConnectToCartomaWithoutAppCheck)),
+            reinterpret_cast<void*>(FORMKIT_EXPORT(*this, ConnectToCartomaWithoutAppCheckDispatch)))
+      << "one entry under two names";
+  EXPECT_EQ(FORMKIT_EXPORT(*this, GetProcessID)(), getpid());
+  EXPECT_EQ(FORMKIT_EXPORT(*this, ConnectToCartoma)(m_handle), 1);
+  EXPECT_TRUE(Called("CBXApplications.Item", "terravik.cbx"));
+  EXPECT_TRUE(Called("terravik.cbx CBXGlobals", ""));
+  EXPECT_FALSE(Called("CBXApplications.Item", "utilities.cbx")) << "the first product script found ends the search";
+}
+
+TEST_F(LibraryOnEmulator, StatementsAndExpressionsRunOnRealTables) {
+  const std::string collars = CopySample(m_folder, "collars");
+  ASSERT_EQ(Do("Open Table \"" + collars + "\" As Collars Hide"), 1) << LastError();
+  EXPECT_EQ(Eval("ColumnInfo(Collars, COL2, 1)"), "East");
+  ASSERT_EQ(Do("Select HoleID, MaxDepth From Collars Where MaxDepth > 150 Order By MaxDepth Desc Into Deep"), 1)
+      << LastError();
+  EXPECT_EQ(Eval("TableInfo(Deep, 8)"), "2");
+  ASSERT_EQ(Do("Fetch First From Deep"), 1);
+  EXPECT_EQ(Eval("Deep.HoleID & \" \" & Deep.COL2"), "BD004 200");
+  EXPECT_STREQ(FORMKIT_EXPORT(*this, GetCartomaTableFieldValue)(m_handle, "Deep", "HoleID"), "BD004");
+}
+
+TEST_F(LibraryOnEmulator, AMalformedStatementGivesItsDescriptionAndTheNextStatementWorks) {
+  EXPECT_EQ(FORMKIT_EXPORT(*this, CartomaDo)(0, "Close All"), 1) << "no host: nothing to send, and no failure";
+  EXPECT_STREQ(FORMKIT_EXPORT(*this, CartomaEval)(0, "NumTables()"), "");
+  EXPECT_EQ(Do("Open Tabel \"x.tab\""), 0);
+  EXPECT_THAT(LastError(), HasSubstr("Syntax error near 'Tabel"));
+  EXPECT_THAT(Calls(), ElementsAre("Do: Open Tabel \"x.tab\"", "LastErrorMessage: "))
+      << "the library reads the host's own text after a failure";
+  EXPECT_EQ(Do("Close Table Holes"), 0);
+  EXPECT_EQ(LastError(), "Table Holes is not open");
+  EXPECT_EQ(Eval("TableInfo(Holes, 8)"), "");
+  EXPECT_EQ(LastError(), "Table Holes is not open");
+
+  EXPECT_EQ(Do("Dim p As Object"), 1);
+  EXPECT_EQ(LastError(), "Table Holes is not open") << "a success does not clear the last failure";
+  EXPECT_EQ(Do("Create Point Into Variable p (1.5, -2.25)"), 1);
+  EXPECT_EQ(Eval("ObjectGeography(p, 2)"), "-2.25");
+}
+
+TEST_F(LibraryOnEmulator, ScriptsAnswerVariablesQueriesAndCommands) {
+  auto variable = FORMKIT_EXPORT(*this, GetCBXVariable);
+  auto query = FORMKIT_EXPORT(*this, GetDDEQuery);
+  auto command = FORMKIT_EXPORT(*this, DoDDECommand);
+  EXPECT_EQ(std::string(variable(m_handle, "terravik.cbx", "TerviDir")), "/opt/terravik");
+  EXPECT_EQ(std::string(variable(m_handle, "terravik.cbx", "NoSuchVariable")), "");
+  EXPECT_EQ(std::string(variable(m_handle, "zelvar.cbx", "TerviDir")), "") << "a script that doesn't run";
+
+  m_emulator.QueueProjection("8, 104, \"m\", 147, 0, 0.9996, 500000, 10000000", "UTM zone 55 South");
+  EXPECT_EQ(std::string(query(m_handle, "terravik.cbx", "PROJECTION SELECTION")),
+            "8, 104, \"m\", 147, 0, 0.9996, 500000, 10000000");
+  EXPECT_EQ(std::string(query(m_handle, "terravik.cbx", "LAST PROJECTION NICENAME")), "UTM zone 55 South");
+  EXPECT_EQ(std::string(query(m_handle, "terravik.cbx", "PROJECTION SELECTION")), "") << "nothing picked: cancelled";
+
+  EXPECT_EQ(std::string(variable(0, "terravik.cbx", "TerviDir")), "") << "no host, no script";
+  const char* kept = variable(m_handle, "terravik.cbx", "TerviDir");
+  query(m_handle, "terravik.cbx", "LAST PROJECTION NICENAME");
+  EXPECT_STREQ(kept, "/opt/terravik") << "a returned text stays until the same export is called again";
+
+  EXPECT_EQ(command(m_handle, "absent.cbx", "Go"), 0);
+  EXPECT_EQ(command(m_handle, "utilities.cbx", "TerviDir = \"/srv/tv\""), 1);
+  EXPECT_EQ(std::string(variable(m_handle, "utilities.cbx", "TerviDir")), "/srv/tv");
+  EXPECT_EQ(command(m_handle, "absent.cbx", "Go"), 1) << "once a command reached a script, 1 for good";
+  EXPECT_EQ(command(0, "absent.cbx", "Go"), 1);
+}
+
+TEST_F(LibraryOnEmulator, ExportsWithoutADialogLoadNoToolkit) {
+  Eval("NumTables()");
+  Do("Close All");
+  FORMKIT_EXPORT(*this, GetCBXVariable)(m_handle, "absent.cbx", "x");
+  const std::string maps = ReadFile("/proc/self/maps");
+  for (const char* toolkit : {"libwx_", "libgtk", "libformkit-wx"}) EXPECT_EQ(maps.find(toolkit), std::string::npos);
+}
+
+constexpr const char* kMga55 = "Earth Projection 8, 116, \"m\", 147, 0, 0.9996, 500000, 10000000";
+
+struct FeatureRow {
+  std::vector<std::string> fields;
+  double x = 0, y = 0;
+};
+
+// Every feature of the first layer of a GeoPackage: its fields as text and
+// its first point.
+std::vector<FeatureRow> ReadWithGdal(const std::string& path) {
+  GDALAllRegister();
+  std::unique_ptr<GDALDataset> dataset(GDALDataset::Open(path.c_str(), GDAL_OF_VECTOR));
+  if (!dataset) throw std::runtime_error("GDAL can't open " + path);
+  OGRLayer& layer = *dataset->GetLayer(0);
+  std::vector<FeatureRow> rows;
+  for (auto& feature : layer) {
+    FeatureRow row;
+    for (int i = 0; i < feature->GetFieldCount(); ++i) row.fields.push_back(feature->GetFieldAsString(i));
+    if (const OGRGeometry* geometry = feature->GetGeometryRef();
+        geometry && wkbFlatten(geometry->getGeometryType()) == wkbPoint) {
+      row.x = geometry->toPoint()->getX();
+      row.y = geometry->toPoint()->getY();
+    }
+    rows.push_back(std::move(row));
+  }
+  return rows;
+}
+
+// What PROJ makes of a point between two systems, longitude first.
+std::pair<double, double> ProjTransform(const char* from, const char* to, double x, double y) {
+  PJ* raw = proj_create_crs_to_crs(nullptr, from, to, nullptr);
+  PJ* pj = proj_normalize_for_visualization(nullptr, raw);
+  const PJ_COORD out = proj_trans(pj, PJ_FWD, proj_coord(x, y, 0, 0));
+  proj_destroy(pj);
+  proj_destroy(raw);
+  return {out.xy.x, out.xy.y};
+}
+
+std::vector<std::string> MetadataBlock(const std::string& tabPath) {
+  std::ifstream in(tabPath);
+  std::vector<std::string> block;
+  bool inBlock = false;
+  for (std::string line; std::getline(in, line);) {
+    if (!line.empty() && line.back() == '\r') line.pop_back();
+    if (inBlock) block.push_back(line);
+    if (line == "begin_metadata") inBlock = true;
+  }
+  return block;
+}
+
+class SessionOnEmulator : public SessionTest {
+ protected:
+  void SetUp() override {
+    SessionTest::SetUp();
+    m_emulator.AddScript("terravik.cbx");
+    ASSERT_EQ(g_Cartoma.Connect(m_registration.Handle(), 1), 1);
+  }
+  std::string Open(const char* sample, const char* alias) {
+    const std::string path = CopySample(m_folder, sample);
+    EXPECT_TRUE(g_Cartoma.OpenTable(path.c_str(), alias, 1, 0)) << g_Cartoma.m_strLastError;
+    return path;
+  }
+  std::string Out(const std::string& name) const { return (std::filesystem::path(m_folder.Path()) / name).string(); }
+
+  ScopedFolder m_folder;
+  sim::Emulator m_emulator;
+  sim::CApiRegistration m_registration{sim::LinkedHostCApi(), m_emulator.Application()};
+};
+
+TEST_F(SessionOnEmulator, MakeTableSubsetWritesTheChosenHolesInOrderWithTheMetadataBlock) {
+  const std::string assays = Open("assays", "Assays");
+  ASSERT_TRUE(g_Cartoma.CreateTable("_CollarSubset", "ID Char(50)", nullptr, nullptr));
+  ASSERT_TRUE(g_Cartoma.InsertRow("_CollarSubset", "ID", "\"BD004\""));
+  ASSERT_TRUE(g_Cartoma.InsertRow("_CollarSubset", "ID", "\"BD001\""));
+  ASSERT_TRUE(g_Cartoma.CommitTable("_CollarSubset"));
+
+  const std::string out = Out("assays_subset.tab");
+  ASSERT_TRUE(g_Cartoma.MakeTableSubset("_CollarSubset", "Assays", "COL1", out, "COL2")) << g_Cartoma.m_strLastError;
+  std::vector<std::string> holeAndFrom;
+  for (const FeatureRow& row : ReadWithGdal(Out("assays_subset.gpkg")))
+    holeAndFrom.push_back(row.fields[0] + "@" + row.fields[1]);
+  EXPECT_THAT(holeAndFrom, ElementsAre("BD001@10", "BD001@11", "BD001@12", "BD004@149", "BD004@150"));
+  EXPECT_EQ(MetadataBlock(out), MetadataBlock(assays));
+  EXPECT_FALSE(MetadataBlock(out).empty());
+  EXPECT_EQ(g_Cartoma.FindTableByPath(out), "") << "the subset is written, not left open";
+}
+
+TEST_F(SessionOnEmulator, CommittingUnderAnotherClauseReprojectsAsProjDoes) {
+  Open("collars", "Collars");
+  EXPECT_EQ(g_Cartoma.GetTableCoordSysClause("Collars"), kMga55);
+  const std::string out = Out("collars_wgs84.tab");
+  ASSERT_TRUE(g_Cartoma.CommitTableAs("Collars", out, "Earth Projection 1, 104", 0)) << g_Cartoma.m_strLastError;
+
+  const std::vector<FeatureRow> source = ReadWithGdal(Out("collars.gpkg"));
+  const std::vector<FeatureRow> written = ReadWithGdal(Out("collars_wgs84.gpkg"));
+  ASSERT_EQ(written.size(), 5u);
+  for (std::size_t i = 0; i < written.size(); ++i) {
+    const auto [lon, lat] = ProjTransform("EPSG:28355", "EPSG:4326", source[i].x, source[i].y);
+    EXPECT_NEAR(written[i].x, lon, 1e-9);
+    EXPECT_NEAR(written[i].y, lat, 1e-9);
+    EXPECT_NEAR(written[i].x, 144.28, 0.05) << "longitude first";
+    EXPECT_EQ(written[i].fields[0], source[i].fields[0]);
+  }
+  ASSERT_TRUE(g_Cartoma.OpenTable(out.c_str(), "Wgs", 1, 0));
+  EXPECT_EQ(g_Cartoma.GetTableCoordSysName("Wgs"), "Longitude / Latitude (WGS 84)");
+
+  EXPECT_FALSE(g_Cartoma.CommitTableAs("Collars", Out("plane.tab"), "NonEarth Units \"m\"", 0));
+  EXPECT_THAT(g_Cartoma.m_strLastError, HasSubstr("earth and non-earth"));
+  EXPECT_FALSE(std::filesystem::exists(Out("plane.tab")));
+}
+
+TEST_F(SessionOnEmulator, TransformPointConvertsThroughTheHostsCurrentSystem) {
+  double x = 0, y = 0;
+  ASSERT_EQ(g_Cartoma.TransformPoint(kMga55, 255120, 5925210, "Earth Projection 1, 104", x, y), 1)
+      << g_Cartoma.m_strLastError;
+  const auto [lon, lat] = ProjTransform("EPSG:28355", "EPSG:4326", 255120, 5925210);
+  EXPECT_NEAR(x, lon, 1e-9);
+  EXPECT_NEAR(y, lat, 1e-9);
+  // The clause with the keyword goes upper-cased, and still reads. The way
+  // back starts from degrees written with six decimals, about 0.1 m.
+  ASSERT_EQ(g_Cartoma.TransformPoint("CoordSys Earth Projection 1, 104", lon, lat, kMga55, x, y), 1);
+  EXPECT_NEAR(x, 255120, 0.1);
+  EXPECT_NEAR(y, 5925210, 0.1);
+}
+
+TEST_F(SessionOnEmulator, ObjectsOfEveryKindGiveTheirNodesAsTheLibraryReadsThem) {
+  Open("objects", "Objects");
+  std::vector<double> xs, ys;
+  const auto nodesOfRow = [&](int row) {
+    xs.clear();
+    ys.clear();
+    EXPECT_TRUE(g_Cartoma.FetchRow("Objects", row));
+    EXPECT_TRUE(g_Cartoma.ObjectToVariable("o", "Objects"));
+    return g_Cartoma.GetObjectNodes("o", xs, ys);
+  };
+  const int kinds[] = {5, 5, 3, 4, 7, 8, 9, 2, 1, 10, 0, 6};  // the 11th row has no object
+  for (int row = 0; row < 12; ++row) {
+    ASSERT_TRUE(g_Cartoma.FetchRow("Objects", row));
+    ASSERT_TRUE(g_Cartoma.ObjectToVariable("o", "Objects"));
+    EXPECT_EQ(g_Cartoma.GetObjectType("o"), kinds[row]) << "row " << row;
+  }
+  ASSERT_EQ(nodesOfRow(3), 1);  // a polyline of two sections, 3 and 2 nodes
+  EXPECT_THAT(xs, ElementsAre(144.26, 144.265, 144.27, 144.271, 144.276));
+  ASSERT_EQ(nodesOfRow(4), 1);  // a region with a hole: both rings, 4 nodes each
+  EXPECT_EQ(xs.size(), 8u);
+  EXPECT_DOUBLE_EQ(xs[4], 144.27);
+  ASSERT_EQ(nodesOfRow(5), 1);  // a rectangle: its corner ring, closed
+  EXPECT_THAT(xs, ElementsAre(144.281, 144.281, 144.283, 144.283, 144.281));
+  EXPECT_THAT(ys, ElementsAre(-36.761, -36.76, -36.76, -36.761, -36.761));
+  EXPECT_EQ(g_Cartoma.GetObjectPen("o"), "Pen (1,2,0)");
+}
+
+TEST_F(SessionOnEmulator, ColoursAreWrittenIntoStylesAndKeptInTheFile) {
+  Open("objects", "Objects");
+  const struct {
+    int row;
+    int colour;
+    const char* style;
+  } cases[] = {{0, 255, "Symbol (35,255,12)"},
+               {1, 16711680, "Symbol (65,16711680,14,\"Arial\",0,45)"},
+               {2, 65280, "Pen (2,2,65280)"},
+               {4, 65535, "Brush (2,65535,16777215)"}};
+  for (const auto& c : cases) {
+    ASSERT_TRUE(g_Cartoma.FetchRow("Objects", c.row));
+    ASSERT_TRUE(g_Cartoma.ObjectToVariable("_colorObj", "Objects"));
+    EXPECT_EQ(g_Cartoma.GetObjectColor("_colorObj"), c.colour) << c.style;
+    ASSERT_EQ(g_Cartoma.SetObjectColor("_colorObj", 0x123456), 1) << g_Cartoma.m_strLastError;
+    ASSERT_TRUE(g_Cartoma.UpdateRow("Objects", "Obj", "_colorObj", c.row)) << g_Cartoma.m_strLastError;
+  }
+  const std::string out = Out("recoloured.tab");
+  ASSERT_TRUE(g_Cartoma.CommitTableAs("Objects", out, nullptr, 0));
+  ASSERT_TRUE(g_Cartoma.OpenTable(out.c_str(), "Recoloured", 1, 0));
+  for (const auto& c : cases) {
+    ASSERT_TRUE(g_Cartoma.FetchRow("Recoloured", c.row));
+    ASSERT_TRUE(g_Cartoma.ObjectToVariable("r", "Recoloured"));
+    EXPECT_EQ(g_Cartoma.GetObjectColor("r"), 0x123456) << c.style;
+  }
+  ASSERT_TRUE(g_Cartoma.FetchRow("Recoloured", 1));
+  ASSERT_TRUE(g_Cartoma.ObjectToVariable("r", "Recoloured"));
+  EXPECT_EQ(g_Cartoma.GetObjectPen("r"), "Symbol (65,1193046,14,\"Arial\",0,45)") << "the font is kept";
+}
+
+}  // namespace

@@ -1,0 +1,109 @@
+// CViewerLink against a recording stand-in for the viewer object: what each
+// wrapper gives without a viewer, the attach rules, and what never reaches
+// the wire (empty lists, texts past 255 characters).
+#include "viewer/viewer_link.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "platform/automation/class_registry.h"
+
+using ::testing::ElementsAre;
+
+namespace {
+
+// Answers every call with `answer` and keeps the dispatch ids and the
+// first text argument of each.
+class RecordingViewer : public fk::Dispatch {
+ public:
+  explicit RecordingViewer(std::int32_t answer) : m_answer(answer) {}
+  fk::Variant Invoke(std::int32_t dispid, std::uint16_t, std::span<fk::Variant> args) override {
+    ids.push_back(dispid);
+    for (const fk::Variant& arg : args)
+      if (arg.Type() == 8) texts.push_back(arg.ToText());
+    return fk::Variant::Int(m_answer);
+  }
+  std::vector<std::int32_t> ids;
+  std::vector<std::string> texts;
+
+ private:
+  std::int32_t m_answer;
+};
+
+class ViewerLinkTest : public ::testing::Test {
+ protected:
+  void Serve(std::int32_t answer, const char* progId = "TV.InterfaceCOM") {
+    m_viewer = std::make_shared<RecordingViewer>(answer);
+    fk::ClassRegistry::Instance().RegisterClass(progId, [this] { return m_viewer; });
+  }
+  void TearDown() override {
+    fk::ClassRegistry::Instance().RevokeClass("TV.InterfaceCOM");
+    fk::ClassRegistry::Instance().RevokeClass("TVD.InterfaceCOM");
+  }
+
+  std::shared_ptr<RecordingViewer> m_viewer;
+  CViewerLink m_link;
+};
+
+TEST_F(ViewerLinkTest, WithoutAViewerEachWrapperGivesItsDefaultAndCallsNothing) {
+  std::int32_t count = 7, found = 3;
+  std::vector<std::string> names;
+  std::vector<std::int32_t> kinds, thirds;
+  const struct {
+    const char* wrapper;
+    std::function<std::int32_t()> call;
+    std::int32_t expected;
+  } kCases[] = {
+      {"GetMapWindow", [&] { return m_link.GetMapWindow(true); }, -1},
+      {"OpenFiles", [&] { return m_link.OpenFiles(1, {"a.tab"}, 7); }, -1},
+      {"AddSeriesObject", [&] { return m_link.AddSeriesObject(1, 4, "s"); }, -1},
+      {"ObjectExists", [&] { return m_link.ObjectExists(1, "a", 1); }, 0},
+      {"RemoveFileObject", [&] { return m_link.RemoveFileObject(1, 2, "a"); }, -1},
+      {"FindSeries", [&] { return m_link.FindSeries(1, 4, "s", found); }, -1},
+      {"FindDataset", [&] { return m_link.FindDataset({"a.tab"}, 5); }, -1},
+      {"ShowHelpPanel", [&] { return m_link.ShowHelpPanel(); }, 0},
+      {"SetParentWindow", [&] { return m_link.SetParentWindow(9); }, -1},
+      {"ListObjects", [&] { return m_link.ListObjects(1, count, names, kinds, thirds); }, -1},
+      {"SendCommand", [&] { return m_link.SendCommand(0x8003); }, -1},
+      {"ShowAllToolbars", [&] { return m_link.ShowAllToolbars(); }, -1},
+      {"SelectObject", [&] { return m_link.SelectObject("a", 1); }, -1},
+      {"SetAssociatedCoordSystem", [&] { return m_link.SetAssociatedCoordSystem("a", "b"); }, -1},
+      {"GetProjectCount", [&] { return m_link.GetProjectCount(); }, 0},
+      {"RefreshProject", [&] { return m_link.RefreshProject(0); }, -1},
+      {"IsProjectOpen", [&] { return static_cast<std::int32_t>(m_link.IsProjectOpen(0)); }, 0},
+      {"GetOpenProjectCount", [&] { return m_link.GetOpenProjectCount(); }, 0},
+  };
+  EXPECT_FALSE(m_link.Attach()) << "no viewer serves its objects";
+  for (const auto& c : kCases) EXPECT_EQ(c.call(), c.expected) << c.wrapper;
+  EXPECT_EQ(m_link.GetVersion(), "");
+  EXPECT_EQ(found, 3);
+  EXPECT_EQ(count, 7);
+}
+
+TEST_F(ViewerLinkTest, AttachCountsOnlyAnAnswerOfOneAndNeverNests) {
+  Serve(2);
+  EXPECT_FALSE(m_link.Attach());
+  EXPECT_TRUE(m_link.IsAttached()) << "the dispatch stays held after a refused attach";
+  EXPECT_FALSE(m_link.Attach());
+  EXPECT_THAT(m_viewer->ids, ElementsAre(1)) << "an attached link attaches nothing more";
+  m_link.Detach();
+  EXPECT_FALSE(m_link.IsAttached());
+  EXPECT_THAT(m_viewer->ids, ElementsAre(1, 2));
+}
+
+TEST_F(ViewerLinkTest, EmptyListsStayOffTheWireAndTextsAreCutTo255) {
+  Serve(1, "TVD.InterfaceCOM");
+  ASSERT_TRUE(m_link.Attach()) << "a debug build of the viewer serves when the release one does not";
+  EXPECT_EQ(m_link.OpenFiles(1, {}, 7), 0);
+  EXPECT_EQ(m_link.FindDataset({}, 5), -1);
+  m_link.AddLineSeries(1, "s", 2, {});
+  m_link.AddPointCloudSeries(1, "s", 2, {});
+  m_link.SelectDrillholes(1, "s", 2, {});
+  m_link.ShowHelpTopic(std::string(300, 'x'));
+  EXPECT_THAT(m_viewer->ids, ElementsAre(1, 51));
+  EXPECT_THAT(m_viewer->texts, ElementsAre(std::string(255, 'x')));
+}
+
+}  // namespace

@@ -1,0 +1,320 @@
+// The viewer simulator started, found and stopped by the library, on a
+// private session bus, with the viewer's location in a registry of the
+// test's own. The simulator's record of calls is the wire the library spoke.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+
+#include "support/host/emulated_host.h"
+#include "formkit/formkit.h"
+#include "host/cartoma.h"
+#include "platform/automation/bus_classes.h"
+#include "platform/automation/class_registry.h"
+#include "support/private_bus.h"
+#include "platform/registry/registry.h"
+#include "platform/ui/dialog_view.h"
+#include "support/formkit_library.h"
+#include "support/session_fixture.h"
+#include "viewer/viewer_link.h"
+#include "viewer/viewer_process.h"
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+
+namespace {
+
+constexpr const char* kTerravikKey = "Software\\Orvex\\Terravik 3D";
+
+// Sets an environment variable while the object lives.
+class ScopedVariable {
+ public:
+  ScopedVariable(const char* name, const std::string& value) : m_name(name) { setenv(name, value.c_str(), 1); }
+  ~ScopedVariable() { unsetenv(m_name); }
+
+ private:
+  const char* m_name;
+};
+
+// Every simulator program's process, found the way a person would: by the
+// file the process runs.
+std::vector<int> SimulatorProcesses() {
+  std::vector<int> pids;
+  const std::filesystem::path dir = std::filesystem::path(TV_SIM_PATH).parent_path();
+  for (const auto& entry : std::filesystem::directory_iterator("/proc")) {
+    std::error_code error;
+    const auto exe = std::filesystem::read_symlink(entry.path() / "exe", error);
+    if (!error && exe.parent_path() == dir) pids.push_back(std::stoi(entry.path().filename().string()));
+  }
+  return pids;
+}
+
+class ViewerProgram : public HeadlessTest {
+ protected:
+  void SetUp() override {
+    HeadlessTest::SetUp();
+    if (!m_bus.IsUp()) GTEST_SKIP() << "dbus-daemon is not installed; the viewer needs a bus of its own";
+    ASSERT_THAT(SimulatorProcesses(), ::testing::IsEmpty()) << "a viewer simulator is already running";
+    fk::ClassRegistry::Instance().SetRemote(fk::SessionBusClasses());
+    // The installer's record, as a Windows path on a mapped drive.
+    ASSERT_TRUE(fk::Registry::SetString(fk::Hive::LocalMachine, kTerravikKey, "ProgramPath", "C:\\Terravik3D.exe"));
+    ASSERT_TRUE(fk::Registry::SetString(fk::Hive::LocalMachine, kTerravikKey, "Installation", "C:\\"));
+  }
+  void TearDown() override {
+    for (int pid : SimulatorProcesses()) kill(pid, SIGTERM);
+    for (int round = 0; round < 500 && !SimulatorProcesses().empty(); ++round) g_usleep(10000);
+    fk::ClassRegistry::Instance().SetRemote(nullptr);
+    HeadlessTest::TearDown();
+  }
+
+  // The calls recorded so far, as "OBJECT DISPID" with the flags checked.
+  std::vector<std::string> Calls() const {
+    std::vector<std::string> calls;
+    std::ifstream in(m_record);
+    for (std::string line; std::getline(in, line);) {
+      EXPECT_THAT(line, HasSubstr(" flags=0")) << "every viewer call passes 0 as its flags";
+      calls.push_back(line);
+    }
+    return calls;
+  }
+  static std::vector<std::string> Members(const std::vector<std::string>& calls) {
+    std::vector<std::string> members;
+    for (const std::string& call : calls) members.push_back(call.substr(0, call.find(" flags=")));
+    return members;
+  }
+  // Waits (in bounded rounds) until `pid` no longer runs the simulator.
+  static bool Ended(int pid) {
+    for (int round = 0; round < 500; ++round) {
+      const std::vector<int> running = SimulatorProcesses();
+      if (std::find(running.begin(), running.end(), pid) == running.end()) return true;
+      g_usleep(10000);
+    }
+    return false;
+  }
+  // Text as the library writes it to disk: every line ends in CR LF.
+  static std::string CrLf(const std::string& text) {
+    std::string out;
+    for (char c : text) out += c == '\n' ? std::string("\r\n") : std::string(1, c);
+    return out;
+  }
+
+  PrivateBus m_bus;
+  ScopedFolder m_folder;
+  ScopedVariable m_drive{"FORMKIT_DRIVE_C", std::filesystem::path(TV_SIM_PATH).parent_path().string()};
+  std::string m_record = m_folder.Path() + "/calls.txt";
+  ScopedVariable m_recordVariable{"TV_SIM_RECORD", m_record};
+  ScopedVariable m_headless{"FORMKIT_UI", "headless"};
+};
+
+// The library loaded as a host loads it, connected to the host emulator.
+class LibraryWithHost {
+ public:
+  LibraryWithHost() {
+    EXPECT_EQ(FORMKIT_EXPORT(library, InitFormkitInstance)("Terravik"), 1);
+    EXPECT_EQ(FORMKIT_EXPORT(library, ConnectToCartoma)(registration.Handle()), 1);
+  }
+  bool HostRan(const std::string& statement) const {
+    for (const sim::CallRecord& call : emulator.Calls())
+      if (call.text.find(statement) != std::string::npos) return true;
+    return false;
+  }
+
+  FormkitLibrary library;
+  sim::HostCApi api = HostCApiOf(library);
+  sim::Emulator emulator;
+  sim::CApiRegistration registration{api, emulator.Application()};
+};
+
+// A DXF file of one line, as small as a reader takes it.
+constexpr const char* kOneLineDXF =
+    "0\nSECTION\n2\nENTITIES\n0\nLINE\n8\n0\n10\n0.0\n20\n0.0\n11\n1.0\n21\n1.0\n0\nENDSEC\n0\nEOF\n";
+
+TEST_F(ViewerProgram, IsStartedOnceAskedAndStoppedThroughTheExports) {
+  ScopedVariable version("TV_SIM_VERSION", "7.1.2");
+  FormkitLibrary library;
+  ASSERT_EQ(FORMKIT_EXPORT(library, InitFormkitInstance)("Terravik"), 1);
+  EXPECT_EQ(FORMKIT_EXPORT(library, IsTvik3DRunning)(), 0);
+
+  const int pid = FORMKIT_EXPORT(library, ExecuteTerravik3D)();
+  ASSERT_GT(pid, 0);
+  EXPECT_THAT(SimulatorProcesses(), ElementsAre(pid));
+  EXPECT_EQ(FORMKIT_EXPORT(library, ExecuteTerravik3D)(), pid);
+  EXPECT_THAT(SimulatorProcesses(), ElementsAre(pid)) << "a running viewer is not started again";
+  EXPECT_EQ(FORMKIT_EXPORT(library, IsTvik3DRunning)(), 1);
+  EXPECT_EQ(FORMKIT_EXPORT(library, GetTvik3DProcessID)(), pid);
+
+  char text[64] = "";
+  EXPECT_EQ(FORMKIT_EXPORT(library, GetTvik3DVersion)(text), 1);
+  EXPECT_STREQ(text, "7.1.2");
+  EXPECT_EQ(FORMKIT_EXPORT(library, Tvik3DSetParent)(4711), 1);
+  EXPECT_EQ(FORMKIT_EXPORT(library, ShutdownTerravik3D)(), 1);
+  EXPECT_TRUE(Ended(pid));
+  EXPECT_EQ(FORMKIT_EXPORT(library, IsTvik3DRunning)(), 0);
+
+  const std::vector<std::string> calls = Calls();
+  EXPECT_THAT(Members(calls),
+              ElementsAre("TV.InterfaceCOM 1", "TV.InterfaceCOM 80", "TV.InterfaceCOM 2", "TV.InterfaceCOM 1",
+                          "TV.InterfaceCOM 69", "TV.InterfaceCOM 2", "TV.InterfaceCOM 44"));
+  EXPECT_THAT(calls[1], HasSubstr("400c:\"\"")) << "the version comes back through a variant by reference";
+  EXPECT_THAT(calls[4], HasSubstr(" 3:4711"));
+
+  text[0] = '\0';
+  EXPECT_EQ(FORMKIT_EXPORT(library, GetTvik3DVersion)(text), 0) << "no viewer: the version last seen";
+  EXPECT_STREQ(text, "7.1.2");
+}
+
+TEST_F(ViewerProgram, AViewerLateToStartMakesTheLibraryAskWhetherToWait) {
+  ScopedVariable late("TV_SIM_OWN_AFTER", "3000");
+  ASSERT_TRUE(fk::Registry::SetDword(fk::Hive::LocalMachine, kTerravikKey, "TIMEOUT", 100));
+  m_ui.Prompts().AnswerMessage(fk::ui::IDNO);
+  CViewerLink viewer;
+  int processId = 0;
+  const int pid = EnsureViewerRunning(viewer, processId, false);
+  EXPECT_GT(pid, 0) << "No still gives the process id";
+  EXPECT_EQ(processId, pid);
+  ASSERT_EQ(m_ui.Prompts().Shown().size(), 1u);
+  const fk::ui::ShownPrompt& question = m_ui.Prompts().Shown()[0];
+  EXPECT_EQ(question.text, "Terravik3D has not started in the expected time. Do you want to continue to wait for it?");
+  EXPECT_EQ(question.caption, "Terravik3D");
+  EXPECT_EQ(question.type, 0x24u);
+}
+
+TEST_F(ViewerProgram, AViewerStartedByHandUnderTheOtherNameLeavesMinusOne) {
+  const std::string zelvar = (std::filesystem::path(TV_SIM_PATH).parent_path() / "Zelvar3D.exe").string();
+  std::vector<char*> argv{const_cast<char*>(zelvar.c_str()), const_cast<char*>("-zelvar"), nullptr};
+  GPid pid = 0;
+  ASSERT_TRUE(g_spawn_async(nullptr, argv.data(), nullptr, G_SPAWN_DO_NOT_REAP_CHILD, nullptr, nullptr, &pid, nullptr));
+  for (int round = 0; round < 500 && !fk::ClassRegistry::Instance().GetActiveObject("TV.InterfaceCOM"); ++round)
+    g_usleep(20000);
+
+  FormkitLibrary library;
+  ASSERT_EQ(FORMKIT_EXPORT(library, InitFormkitInstance)("Terravik"), 1);
+  EXPECT_EQ(FORMKIT_EXPORT(library, ExecuteTerravik3D)(), -1);
+  EXPECT_EQ(FORMKIT_EXPORT(library, GetTvik3DProcessID)(), -1);
+  EXPECT_EQ(FORMKIT_EXPORT(library, IsTvik3DRunning)(), 1);
+  EXPECT_THAT(SimulatorProcesses(), ElementsAre(pid)) << "nothing else was started";
+  EXPECT_EQ(FORMKIT_EXPORT(library, ShutdownTerravik3D)(), 1);
+  int status = 0;
+  EXPECT_EQ(waitpid(pid, &status, 0), pid);
+  EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+}
+
+TEST_F(ViewerProgram, APermanentDXFHeldUnderKindOneIsRemovedUnderKindTwoAndAddedAgain) {
+  LibraryWithHost host;
+  ASSERT_GT(FORMKIT_EXPORT(host.library, ExecuteTerravik3D)(), 0);
+  const std::string dxf = m_folder.Write("contours.dxf", kOneLineDXF);
+  CViewerLink viewer;  // the test's own link puts the file in under kind 1
+  ASSERT_TRUE(viewer.Attach());
+  viewer.AddVectorObject(false, viewer.GetMapWindow(true), dxf, {1, 2, 3, 4, 5, 6, 7, 8, 9});
+  viewer.Detach();
+  const std::size_t before = Calls().size();
+
+  ASSERT_EQ(FORMKIT_EXPORT(host.library, LoadPermDXFFile)(dxf.c_str(), 1), 1);
+  const std::vector<std::string> calls = Calls();
+  const std::vector<std::string> load(calls.begin() + static_cast<std::ptrdiff_t>(before), calls.end());
+  const std::string file = "8:\"" + dxf + "\"";
+  EXPECT_THAT(load, ElementsAre("TV.InterfaceCOM 1 flags=0", "TV.InterfaceCOM 39 flags=0 b:true 4003:-1",
+                                "TV.InterfaceCOM 45 flags=0 3:1 " + file + " 3:1 4003:0",
+                                "TV.InterfaceCOM 46 flags=0 3:1 3:2 400c:[c;0|" + file + "]",
+                                "TV.InterfaceCOM 41 flags=0 3:1 3:2 400c:[c;0|" + file +
+                                    ",3:0,3:0,3:0,3:13158600,3:10526880,3:0,3:0,3:0,3:0]",
+                                "TV.InterfaceCOM 2 flags=0"));
+  EXPECT_EQ(FORMKIT_EXPORT(host.library, LoadPermDXFFile)((m_folder.Path() + "/absent.dxf").c_str(), 1), 0)
+      << "the viewer refuses a file it can't read";
+  EXPECT_EQ(FORMKIT_EXPORT(host.library, ShutdownTerravik3D)(), 1);
+}
+
+TEST_F(ViewerProgram, ASavedStateKeepsTheCompositesInUseAndComesBackInANewViewer) {
+  const std::string parts = m_folder.Path() + "/parts";
+  const std::string saved = m_folder.Path() + "/saved";
+  std::filesystem::create_directories(parts);
+  std::filesystem::create_directories(saved);
+  const std::string part = m_folder.Write(
+      "parts/hole one.ogb", "GeoreferenceImage Begin\n  Image = \"hole one.jpg\"\nGeoreferenceImage End\n");
+  m_folder.Write("parts/hole one.jpg", "picture");
+  const std::string unusedPart = m_folder.Write(
+      "parts/hole two.ogb", "GeoreferenceImage Begin\n  Image = \"hole two.jpg\"\nGeoreferenceImage End\n");
+  const std::string composite = parts + "/logs.ogb";
+  const std::string plain = m_folder.Write("parts/plain.ogb", "");
+  {
+    LibraryWithHost host;
+    ASSERT_GT(FORMKIT_EXPORT(host.library, ExecuteTerravik3D)(), 0);
+    ASSERT_EQ(FORMKIT_EXPORT(host.library, AddOGBFilePart)(composite.c_str(), unusedPart.c_str(), 0), 1);
+    ASSERT_EQ(FORMKIT_EXPORT(host.library, AddOGBFilePart)(composite.c_str(), part.c_str(), 1), 1);
+    ASSERT_EQ(FORMKIT_EXPORT(host.library, LoadOGBFile)(plain.c_str()), 1);
+    EXPECT_EQ(ReadFile(composite), CrLf(ReadFile(unusedPart) + ReadFile(part))) << "both parts are in use so far";
+    CViewerLink viewer;  // someone takes the first part out of the view
+    ASSERT_TRUE(viewer.Attach());
+    viewer.RemoveFileObject(viewer.GetMapWindow(true), -2, "hole_two");
+    viewer.Detach();
+
+    ASSERT_EQ(FORMKIT_EXPORT(host.library, Save3DState)((saved + "/site.3ds").c_str()), 1);
+    EXPECT_EQ(ReadFile(saved + "/site.3ds"), "VERSION 1.0\r\n" + saved + "/site.wor\r\n" + saved + "/site.ogs\r\n");
+    EXPECT_TRUE(host.HostRan("Save Workspace"));
+    EXPECT_THAT(ReadFile(saved + "/site.wor"), HasSubstr("!Workspace"));
+    EXPECT_THAT(ReadFile(saved + "/site.ogs"), HasSubstr("logs.ogb")) << "the viewer's own state";
+    EXPECT_EQ(ReadFile(saved + "/logs.ogb"), CrLf(ReadFile(part))) << "only the part the viewer still lists";
+    EXPECT_EQ(ReadFile(saved + "/hole one.jpg"), "picture");
+    EXPECT_FALSE(std::filesystem::exists(saved + "/plain.ogb")) << "a plain temporary file is not saved";
+    EXPECT_EQ(FORMKIT_EXPORT(host.library, SetTempFileDeleteOnDestoy)(0), 0);
+
+    const int first = FORMKIT_EXPORT(host.library, GetTvik3DProcessID)();
+    EXPECT_EQ(FORMKIT_EXPORT(host.library, ShutdownTerravik3D)(), 1);
+    ASSERT_TRUE(Ended(first));
+    ASSERT_EQ(FORMKIT_EXPORT(host.library, Load3DState)((saved + "/site.3ds").c_str()), 1) << "in a new viewer";
+    EXPECT_TRUE(host.HostRan("Run Application \"" + saved + "/site.wor\""));
+    ASSERT_TRUE(viewer.Attach());
+    EXPECT_EQ(viewer.ObjectExists(viewer.GetMapWindow(false), saved + "/logs.ogb", 6), 1) << "the session came back";
+    viewer.Detach();
+    EXPECT_EQ(FORMKIT_EXPORT(host.library, ShutdownTerravik3D)(), 1);
+  }
+}
+
+TEST_F(ViewerProgram, LogFilesJoinTheFirstFoldersLogAndRefreshPassesThroughTheScratchFile) {
+  const std::string first = m_folder.Write("a/hole1.ogb", "Image = \"hole1.jpg\"\n");
+  const std::string second = m_folder.Write("b/hole2.ogb", "Image = \"hole2.jpg\"\n");
+  const std::string log = m_folder.Path() + "/a/Terravik DH Logs.OGB";
+  LibraryWithHost host;
+  ASSERT_GT(FORMKIT_EXPORT(host.library, ExecuteTerravik3D)(), 0);
+  ASSERT_EQ(FORMKIT_EXPORT(host.library, SetTempFileDirectory)((m_folder.Path() + "/").c_str()), 1);
+  const std::size_t before = Calls().size();
+  ASSERT_EQ(FORMKIT_EXPORT(host.library, LoadPermLogOGBFile)(first.c_str(), 1, 1), 1);
+  ASSERT_EQ(FORMKIT_EXPORT(host.library, LoadLogOGBFile)(second.c_str(), 0), 1);
+  EXPECT_EQ(ReadFile(log), CrLf(ReadFile(first) + ReadFile(second))) << "one log, in the first file's folder";
+  ASSERT_EQ(FORMKIT_EXPORT(host.library, Refresh3D)(), 1);
+
+  const std::vector<std::string> calls = Calls();
+  const std::string scratch = "8:\"" + m_folder.Path() + "/_Refresh3DSession.ogs\"";
+  EXPECT_THAT(Members({calls.begin() + static_cast<std::ptrdiff_t>(before), calls.end()}),
+              ElementsAre("TV.InterfaceCOM 1", "TV.InterfaceCOM 39", "TV.InterfaceCOM 43", "TV.InterfaceCOM 43",
+                          "TV.InterfaceCOM 2", "TV.InterfaceCOM 1", "TV.InterfaceCOM 39", "TV.InterfaceCOM 2",
+                          "TV.InterfaceCOM 1", "TV.InterfaceCOM 53", "TV.InterfaceCOM 77", "TV.InterfaceCOM 54",
+                          "TV.InterfaceCOM 2"));
+  EXPECT_THAT(calls[before + 2], HasSubstr(" 8:\"\"")) << "the log is taken away first";
+  EXPECT_THAT(calls[before + 3], HasSubstr(log));
+  EXPECT_THAT(calls[before + 9], HasSubstr(scratch));
+  EXPECT_THAT(calls[before + 10], HasSubstr(" 3:32771"));
+  EXPECT_THAT(calls[before + 11], HasSubstr(scratch));
+  EXPECT_EQ(FORMKIT_EXPORT(host.library, ShutdownTerravik3D)(), 1);
+}
+
+TEST_F(ViewerProgram, LoadingAStateTheViewerCannotTakeStillRunsTheHostWorkspace) {
+  ScopedVariable late("TV_SIM_OWN_AFTER", "600000");
+  const std::string zelvar = (std::filesystem::path(TV_SIM_PATH).parent_path() / "Zelvar3D.exe").string();
+  std::vector<char*> argv{const_cast<char*>(zelvar.c_str()), nullptr};
+  GPid pid = 0;
+  ASSERT_TRUE(g_spawn_async(nullptr, argv.data(), nullptr, G_SPAWN_DO_NOT_REAP_CHILD, nullptr, nullptr, &pid, nullptr));
+  const std::string workspace = m_folder.Write("site.wor", "!Workspace\n");
+  LibraryWithHost host;
+  EXPECT_EQ(FORMKIT_EXPORT(host.library, Load3DState)((m_folder.Path() + "/site.3ds").c_str()), 0);
+  EXPECT_TRUE(host.HostRan("Run Application \"" + workspace + "\""));
+  kill(pid, SIGTERM);
+  waitpid(pid, nullptr, 0);
+}
+
+}  // namespace

@@ -47,8 +47,8 @@ void AddColorObjectsCommand(CLI::App& app, const GlobalOptions& options) {
   command->add_option("table", colours->table, "An open table (see --data)")->required();
   command->add_option("--columns", colours->columns, "The three columns")->expected(3)->required()->type_name("NAME");
   command->add_option("--mode", colours->mode,
-                      "0: the whole colour in the first column, 1: the same with red and blue exchanged, "
-                      "2: red, green and blue in one column each")
+                      "0: the whole colour in the first column, 1: the same with bytes 0 and 2 (blue and red) "
+                      "exchanged, 2: bytes 0, 1 and 2 (blue, green, red) in one column each")
       ->check(CLI::Range(0, 2));
   command->add_flag("--apply", colours->apply, "Recolour the objects from the columns (else store the colours)");
   command->add_option("--factors", colours->factors, "With --apply: the factors of the first, second and third column")
@@ -56,7 +56,7 @@ void AddColorObjectsCommand(CLI::App& app, const GlobalOptions& options) {
   command->add_option("-o,--output", colours->output,
                       "Work on a copy of the table written here (default: the table itself)");
   command->footer(Example(
-      "{formkit} --data {samples}/objects.tab color-objects objects --columns R G B --mode 2 -o objects_rgb.tab"));
+      "{formkit} --data {samples}/objects.tab color-objects objects --columns Blue Green Red --mode 2 -o objects_rgb.tab"));
   OnRun(command, options, [&options, colours] { RunColorObjects(options, *colours); });
 }
 

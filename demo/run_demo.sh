@@ -92,6 +92,12 @@ step "hotlinks: desktop paths" "$out/sites_desktop.gpkg" \
   "$([ "$reports" = 'C:\Surveys\site01.doc C:\Surveys\site02.doc photos\site03.jpg ' ] \
      && echo "ok: ogrinfo reads the new paths" || echo "FAILED: ogrinfo reads '$reports'")"
 
+say "Store the colour of each sample object in three integer columns of a copy"
+"$formkit" --data "$samples/objects.tab" color-objects objects --columns Blue Green Red --mode 2 \
+  -o "$out/objects_colours.tab"
+step "color-objects: colour bytes" "$out/objects_colours.gpkg" \
+  "$("$python" "$here/check_colour_columns.py" "$out/objects_colours.gpkg" Blue Green Red)"
+
 say "Choose two columns of the collars in the field selection dialog box"
 "$formkit" --data "$samples/collars.tab" fields collars --select MaxDepth HoleID | tee "$out/fields.txt"
 step "fields: field selection" "$out/fields.txt" \

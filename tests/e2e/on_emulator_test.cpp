@@ -290,34 +290,54 @@ TEST_F(SessionOnEmulator, ObjectsOfEveryKindGiveTheirNodesAsTheLibraryReadsThem)
   EXPECT_EQ(g_Cartoma.GetObjectPen("o"), "Pen (1,2,0)");
 }
 
-TEST_F(SessionOnEmulator, ColoursAreWrittenIntoStylesAndKeptInTheFile) {
+// Colours stored into columns on a copy, then applied back in place with a
+// factor, over objects with a symbol, a font symbol, a pen and brushes.
+TEST_F(SessionOnEmulator, ColorTableObjectsStoresColoursInColumnsAndAppliesThemBackScaled) {
   Open("objects", "Objects");
+  const std::string copy = Out("rgb.tab");
+  ASSERT_EQ(ColorTableObjects("Objects", copy.c_str(), "C0", "C1", "C2", 1, 1, 1, 2, 0), 1) << g_Cartoma.m_strLastError;
+  const std::string table = g_Cartoma.GetSelectedTableName();
   const struct {
     int row;
-    int colour;
-    const char* style;
-  } cases[] = {{0, 255, "Symbol (35,255,12)"},
-               {1, 16711680, "Symbol (65,16711680,14,\"Arial\",0,45)"},
-               {2, 65280, "Pen (2,2,65280)"},
-               {4, 65535, "Brush (2,65535,16777215)"}};
+    const char* stored;  // bytes 0, 1 and 2 of the object's colour
+    int applied;         // the colour after byte 0 x 2, byte 1 x 1, byte 2 x 0.5
+    const char* style;   // the style that carries it, when not a brush
+  } cases[] = {{0, "255 0 0", 254, "Symbol (35,254,12)"},
+               {1, "0 0 255", 127 << 16, "Symbol (65,8323072,14,\"Arial\",0,45)"},
+               {2, "200 255 0", 144 | 255 << 8, "Pen (2,2,65424)"},  // 200 x 2 keeps its low byte
+               {4, "255 255 0", 254 | 255 << 8, nullptr}};
+  ASSERT_TRUE(g_Cartoma.UpdateRow(table, "C0", "200", 2));
+  const auto columns = [&](int row) {
+    EXPECT_TRUE(g_Cartoma.FetchRow(table, row));
+    return g_Cartoma.GetFieldValue(table, "C0") + " " + g_Cartoma.GetFieldValue(table, "C1") + " " +
+           g_Cartoma.GetFieldValue(table, "C2");
+  };
+  for (const auto& c : cases) EXPECT_EQ(columns(c.row), c.stored) << "row " << c.row;
+  EXPECT_EQ(columns(10), "0 0 0") << "the row without an object";
+
+  m_emulator.ClearCalls();
+  // The host refuses the update of the row without an object: the result
+  // tells of it, and the row after it is updated all the same.
+  EXPECT_EQ(ColorTableObjects(table.c_str(), copy.c_str(), "C0", "C1", "C2", 2, 1, 0.5f, 2, 1), 0);
+  std::vector<std::string> statements;
+  for (const sim::CallRecord& call : m_emulator.Calls())
+    if (call.member == "Do" && (call.text.find("FastEdit") != std::string::npos || call.text.starts_with("Update")))
+      statements.push_back(call.text);
+  ASSERT_EQ(statements.size(), 14u);
+  EXPECT_EQ(statements.front(), "Set Table " + table + " FastEdit Off");
+  EXPECT_EQ(statements[12], "Update " + table + " Set Obj = _colorObj Where RowID = 12");
+  EXPECT_EQ(statements.back(), "Set Table " + table + " FastEdit On");
+
+  ASSERT_TRUE(g_Cartoma.CloseTable(table));
+  ASSERT_TRUE(g_Cartoma.OpenTable(copy.c_str(), "Reread", 1, 0));
   for (const auto& c : cases) {
-    ASSERT_TRUE(g_Cartoma.FetchRow("Objects", c.row));
-    ASSERT_TRUE(g_Cartoma.ObjectToVariable("_colorObj", "Objects"));
-    EXPECT_EQ(g_Cartoma.GetObjectColor("_colorObj"), c.colour) << c.style;
-    ASSERT_EQ(g_Cartoma.SetObjectColor("_colorObj", 0x123456), 1) << g_Cartoma.m_strLastError;
-    ASSERT_TRUE(g_Cartoma.UpdateRow("Objects", "Obj", "_colorObj", c.row)) << g_Cartoma.m_strLastError;
+    ASSERT_TRUE(g_Cartoma.FetchRow("Reread", c.row));
+    ASSERT_TRUE(g_Cartoma.ObjectToVariable("r", "Reread"));
+    EXPECT_EQ(g_Cartoma.GetObjectColor("r"), c.applied) << "row " << c.row;
+    if (c.style) {
+      EXPECT_EQ(g_Cartoma.GetObjectPen("r"), c.style) << "the rest of the style is kept";
+    }
   }
-  const std::string out = Out("recoloured.tab");
-  ASSERT_TRUE(g_Cartoma.CommitTableAs("Objects", out, nullptr, 0));
-  ASSERT_TRUE(g_Cartoma.OpenTable(out.c_str(), "Recoloured", 1, 0));
-  for (const auto& c : cases) {
-    ASSERT_TRUE(g_Cartoma.FetchRow("Recoloured", c.row));
-    ASSERT_TRUE(g_Cartoma.ObjectToVariable("r", "Recoloured"));
-    EXPECT_EQ(g_Cartoma.GetObjectColor("r"), 0x123456) << c.style;
-  }
-  ASSERT_TRUE(g_Cartoma.FetchRow("Recoloured", 1));
-  ASSERT_TRUE(g_Cartoma.ObjectToVariable("r", "Recoloured"));
-  EXPECT_EQ(g_Cartoma.GetObjectPen("r"), "Symbol (65,1193046,14,\"Arial\",0,45)") << "the font is kept";
 }
 
 }  // namespace

@@ -22,6 +22,8 @@ void AddImportCommand(CLI::App& app, const GlobalOptions& options);
 void AddHotlinksCommand(CLI::App& app, const GlobalOptions& options);
 void AddViewerCommand(CLI::App& app, const GlobalOptions& options);
 void AddColorObjectsCommand(CLI::App& app, const GlobalOptions& options);
+void AddSectionPlaneCommand(CLI::App& app, const GlobalOptions& options);
+void AddWindowListCommand(CLI::App& app, const GlobalOptions& options);
 
 // Runs `work` when `command` is chosen, with the terminal set up for the
 // options: headless dialog boxes, message boxes and progress on standard

@@ -53,6 +53,8 @@ int main(int argc, char** argv) {
   cli::AddHotlinksCommand(app, options);
   cli::AddViewerCommand(app, options);
   cli::AddColorObjectsCommand(app, options);
+  cli::AddSectionPlaneCommand(app, options);
+  cli::AddWindowListCommand(app, options);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& e) {

@@ -98,6 +98,27 @@ say "Store the colour of each sample object in three integer columns of a copy"
 step "color-objects: colour bytes" "$out/objects_colours.gpkg" \
   "$("$python" "$here/check_colour_columns.py" "$out/objects_colours.gpkg" Blue Green Red)"
 
+say "Mark a copy of the collars as a vertical section facing east, and read the plane back"
+mkdir -p "$out/section" && cp "$samples/collars.tab" "$samples/collars.gpkg" "$out/section/"
+"$formkit" --data "$out/section/collars.tab" section-plane collars --origin 255100 5925200 150 --bearing 90
+"$formkit" --data "$out/section/collars.tab" section-plane collars | tee "$out/section/plane.txt"
+keys=$("$python" -c 'import sys
+block = open(sys.argv[1], newline="").read().split("begin_metadata\r\n")[1].splitlines()
+keys = dict(line.split(" = ") for line in block)
+print(all(keys.get("\"\\%s\\xsects\\%s\"" % (family, key)) == value for family in ("Terravik", "Zelvar3D")
+          for key, value in (("type", "\"Section\""), ("xs_e", "\"255100.000000\""), ("xs_o", "\"1.570796\""))))' \
+  "$out/section/collars.tab")
+step "section-plane: metadata keys" "$out/section/collars.tab" \
+  "$([ "$keys" = True ] && grep -q 'origin 255100.0 5925200.0 150.0, bearing 90.0' "$out/section/plane.txt" \
+     && echo "ok: python reads both key families from the table file" || echo "FAILED: keys $keys")"
+
+say "Choose the mappers to link in the Map Linking box"
+"$formkit" window-list link 'Pit\tMGA Zone 55' 'Regional\tLong/Lat' 'Section' --tick 1 3 --fixed-scale \
+  | tee "$out/linked.txt"
+step "window-list: linked mappers" "$out/linked.txt" \
+  "$([ "$(tr '\n' '|' < "$out/linked.txt")" = '[x] Pit\tMGA Zone 55|[ ] Regional\tLong/Lat|[x] Section|method: fixed scale|' ] \
+     && echo "ok: the ticks and the method as chosen" || echo "FAILED")"
+
 say "Choose two columns of the collars in the field selection dialog box"
 "$formkit" --data "$samples/collars.tab" fields collars --select MaxDepth HoleID | tee "$out/fields.txt"
 step "fields: field selection" "$out/fields.txt" \

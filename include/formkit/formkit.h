@@ -81,6 +81,19 @@ FK_API int Contour(const double *const *d, int32_t ilb, int32_t iub, int32_t jlb
 FK_API int ColorTableObjects(const char *table, const char *outputPath, const char *column1, const char *column2,
             const char *column3, float factor1, float factor2, float factor3, int32_t mode, int32_t apply);
 
+/* "Window in Plain": the section plane of a layer, its origin and bearing,
+   kept as the table's metadata keys. 1 when the box ended with OK. */
+FK_API int SetLayerSectionPlane(int32_t dispatch);
+
+/* The window choosers of the add-on's script. `items` are "name" or
+   "name\tsecond column"; `ticks` (one per item, above 0 ticked) and the
+   method, pan flag and symbol text are written back on OK only, the symbol
+   into the caller's buffer in whole. 1 on OK, else 0. The cursor position
+   box works on the host session that an earlier export connected. */
+FK_API int LinkWinodowListDialog(const char **items, int32_t *ticks, int32_t count, int32_t *method,
+            int32_t dispatch);
+FK_API int CurPosWinodowListDialog(const char **items, int32_t *ticks, int32_t count, int32_t *pan, char *symbol);
+
 /* Settings. `value` and `directory` out-buffers belong to the caller, who
    makes them large enough: the whole text is copied (a setting's value is
    at most 1023 characters). */

@@ -203,7 +203,13 @@ void Host::Run(const MetadataStmt& s) {
   } else {
     table.m_metadata.emplace_back(key, TextOf(s.value));
   }
-  table.m_bDirty = true;
+  // The keys of a table file go into that file at once; its rows wait for a
+  // commit. Other vector data has no place for them.
+  const std::string native = table.m_strPath.empty() ? std::string() : fk::Native(table.m_strPath);
+  if (Extension(native) == ".tab")
+    WriteTabMetadata(native, table.m_metadata);
+  else
+    table.m_bDirty = true;
 }
 
 }  // namespace sim

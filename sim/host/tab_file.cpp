@@ -1,7 +1,9 @@
 #include "tab_file.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 
 #include "errors.h"
 #include "text_util.h"
@@ -103,6 +105,35 @@ void WriteTabFile(const std::string& path, const std::vector<Column>& columns, c
   line("begin_metadata");
   for (const auto& [key, value] : metadata) line(Quote(key) + " = " + Quote(value));
   if (!out.flush()) throw HostError("The file " + path + " can't be written");
+}
+
+void WriteTabMetadata(const std::string& path, const Metadata& metadata) {
+  std::string text;
+  {
+    std::ifstream in(path, std::ios::binary);
+    if (!in) throw HostError("The file " + path + " can't be opened");
+    text.assign(std::istreambuf_iterator<char>(in), {});
+  }
+  // Everything before the block stays as it is, line ends included.
+  std::size_t start = 0;
+  for (std::size_t end; start < text.size(); start = end + 1) {
+    end = text.find('\n', start);
+    if (end == std::string::npos) end = text.size();
+    if (EqualNoCase(Trim(text.substr(start, end - start)), "begin_metadata")) break;
+  }
+  text.resize(std::min(start, text.size()));
+  if (!text.empty() && text.back() != '\n') text += "\r\n";
+  text += "begin_metadata\r\n";
+  for (const auto& [key, value] : metadata) text += Quote(key) + " = " + Quote(value) + "\r\n";
+  // Written beside the file and moved over it, so that a failed write leaves
+  // the table file as it was.
+  const std::string temporary = path + ".metadata";
+  std::ofstream out(temporary, std::ios::binary | std::ios::trunc);
+  if (!out || !(out << text) || !out.flush()) throw HostError("The file " + path + " can't be written");
+  out.close();
+  std::error_code error;
+  std::filesystem::rename(temporary, path, error);
+  if (error) throw HostError("The file " + path + " can't be written: " + error.message());
 }
 
 std::string DataFileOf(const std::string& tabPath) {

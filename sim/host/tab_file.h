@@ -39,6 +39,9 @@ TabDefinition ReadTabFile(const std::string& path);
 // coordinate system (null) has no CoordSys line and holds no objects.
 void WriteTabFile(const std::string& path, const std::vector<Column>& columns, const CoordSys* coordsys,
                   const Metadata& metadata);
+// Rewrites the metadata block of the .tab at `path` (from "begin_metadata"
+// to the end, added when missing), keeping the lines before it.
+void WriteTabMetadata(const std::string& path, const Metadata& metadata);
 // The GeoPackage that holds the rows of the .tab at `path`.
 std::string DataFileOf(const std::string& tabPath);
 

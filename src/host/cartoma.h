@@ -75,6 +75,14 @@ class CCartoma {
   // The product script's answer to the projection picker.
   std::string GetLastProjection(std::string* niceName);
 
+  // ---- section planes, kept as metadata keys (cartoma_sections.cpp)
+  // 1 when `table` is a section, with its plane's origin and bearing in
+  // degrees; else 0 with the outs untouched.
+  int GetSectionPlane(const std::string& table, double& x, double& y, double& z, double& bearing);
+  int SetSectionPlane(const std::string& table, double x, double y, double z, double bearing);
+  // The number of the first section layer of the mapper, else 0.
+  long FindSectionLayer(long mapper);
+
   // ---- catalogue: objects (cartoma_objects.cpp)
   int GetObjectType(const std::string& object);
   std::string GetObjectPen(const std::string& object);

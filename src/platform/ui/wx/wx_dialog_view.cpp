@@ -28,12 +28,20 @@ std::intptr_t UntypedData(const wxItemContainer& items, int index) {
   return reinterpret_cast<std::intptr_t>(items.GetClientData(static_cast<unsigned>(index)));
 }
 
+// The control named `name` inside the dialog box, not the box itself: a
+// box may bear the number of one of its controls.
+wxWindow* FindControl(wxWindow& root, const wxString& name) {
+  for (wxWindow* child : root.GetChildren())
+    if (wxWindow* found = wxWindow::FindWindowByName(name, child)) return found;
+  return nullptr;
+}
+
 }  // namespace
 
 WxDialogView::WxDialogView(wxWindow& root, const DialogTemplate& dialogTemplate, std::function<void(int)> end)
     : m_root(root), m_nTemplateId(dialogTemplate.id), m_end(std::move(end)) {
   for (const auto& [id, control] : dialogTemplate.controls)
-    if (wxWindow* window = wxWindow::FindWindowByName(wxString::Format("%d", id), &root)) m_controls[id] = window;
+    if (wxWindow* window = FindControl(root, wxString::Format("%d", id))) m_controls[id] = window;
 }
 
 void WxDialogView::Fault(int id, const std::string& what) const {

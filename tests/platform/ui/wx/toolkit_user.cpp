@@ -50,9 +50,10 @@ void AwaitDrawing(wxTopLevelWindow& window) {
 }
 
 wxWindow& Control(wxWindow& root, int id) {
-  wxWindow* control = wxWindow::FindWindowByName(wxString::Format("%d", id), &root);
-  if (!control) throw std::logic_error("no control " + std::to_string(id) + " on the window");
-  return *control;
+  // Among the children: a box may bear the number of one of its controls.
+  for (wxWindow* child : root.GetChildren())
+    if (wxWindow* control = wxWindow::FindWindowByName(wxString::Format("%d", id), child)) return *control;
+  throw std::logic_error("no control " + std::to_string(id) + " on the window");
 }
 
 std::vector<std::string> Entries(wxWindow& root, int id) {

@@ -8,48 +8,24 @@
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 
-#include "dialogs_met.h"
 #include "exchange/hotlink_converter_dlg.h"
 #include "exchange/minesight_export_dlg.h"
 #include "exchange/ogb_import_dlg.h"
 #include "formkit/formkit.h"
 #include "host/cartoma.h"
-#include "sim/host/emulator.h"
-#include "sim/host/linked_c_api.h"
-#include "toolkit_test.h"
+#include "hosted_toolkit_test.h"
 #include "toolkit_user.h"
 
 using ::testing::Contains;
 
 namespace {
 
-class ExchangeBoxesWxTest : public ToolkitTest {
+class ExchangeBoxesWxTest : public HostedToolkitTest {
  protected:
-  void SetUp() override {
-    ToolkitTest::SetUp();
-    if (IsSkipped()) return;
-    // A table of objects, from its file as the user opens it.
-    sim::Host& host = m_emulator.GetHost();
-    host.Do("Set CoordSys NonEarth Units \"m\"");
-    host.Do("Create Table Made (Name Char (10))");
-    host.Do("Insert Into Made (Name) Values(\"link:\\a.psw\")");
-    host.Do("Dim p As Object");
-    host.Do("Create Point Into Variable p (1500.25, 250.5)");
-    host.Do("Update Made Set Obj = p Where RowID = 1");
-    host.Do("Commit Table Made As \"" + m_folder.Path() + "/Pits.tab\"");
-    host.Do("Close Table Made");
-    host.Do("Open Table \"" + m_folder.Path() + "/Pits.tab\"");
-    m_emulator.AddScript("terravik.cbx");
-  }
   // Types into an edit control as a user does: the toolkit reports the change.
   static void Type(wxDialog& box, int id, const std::string& text) {
     dynamic_cast<wxTextCtrl&>(user::Control(box, id)).SetValue(text);
   }
-
-  ScopedFolder m_folder;
-  sim::Emulator m_emulator;
-  sim::CApiRegistration m_registration{sim::LinkedHostCApi(), m_emulator.Application()};
-  DialogsMet m_dialogs;
 };
 
 TEST_F(ExchangeBoxesWxTest, EachBoxOpensFromItsExportOverTheHostsTables) {

@@ -7,39 +7,18 @@
 #include <wx/dialog.h>
 #include <wx/listctrl.h>
 
-#include "dialogs_met.h"
 #include "formkit/formkit.h"
 #include "host/cartoma.h"
-#include "sim/host/emulator.h"
-#include "sim/host/linked_c_api.h"
-#include "toolkit_test.h"
+#include "hosted_toolkit_test.h"
 #include "toolkit_user.h"
 
 using ::testing::ElementsAre;
 
 namespace {
 
-class MapBoxesWxTest : public ToolkitTest {
- protected:
-  ScopedFolder m_folder;
-  sim::Emulator m_emulator;
-  sim::CApiRegistration m_registration{sim::LinkedHostCApi(), m_emulator.Application()};
-  DialogsMet m_dialogs;
-};
+using MapBoxesWxTest = HostedToolkitTest;
 
 TEST_F(MapBoxesWxTest, EachBoxOpensFromItsExportAndAChoosersTickComesBack) {
-  // A table of objects, from its file as the user opens it.
-  sim::Host& host = m_emulator.GetHost();
-  host.Do("Set CoordSys NonEarth Units \"m\"");
-  host.Do("Create Table Made (Name Char (10))");
-  host.Do("Insert Into Made (Name) Values(\"East\")");
-  host.Do("Dim p As Object");
-  host.Do("Create Point Into Variable p (1500.25, 250.5)");
-  host.Do("Update Made Set Obj = p Where RowID = 1");
-  host.Do("Commit Table Made As \"" + m_folder.Path() + "/Pits.tab\"");
-  host.Do("Close Table Made");
-  host.Do("Open Table \"" + m_folder.Path() + "/Pits.tab\"");
-  m_emulator.AddScript("terravik.cbx");
   m_dialogs.Use([&](wxDialog& box) {
     EXPECT_EQ(box.GetTitle(), "Window in Plain");
     EXPECT_THAT(user::Entries(box, 1122), ElementsAre("Pits"));

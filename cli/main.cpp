@@ -55,6 +55,7 @@ int main(int argc, char** argv) {
   cli::AddColorObjectsCommand(app, options);
   cli::AddSectionPlaneCommand(app, options);
   cli::AddWindowListCommand(app, options);
+  cli::AddWorkspaceCommand(app, options);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& e) {

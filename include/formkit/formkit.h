@@ -94,6 +94,14 @@ FK_API int LinkWinodowListDialog(const char **items, int32_t *ticks, int32_t cou
             int32_t dispatch);
 FK_API int CurPosWinodowListDialog(const char **items, int32_t *ticks, int32_t count, int32_t *pan, char *symbol);
 
+/* Workspaces. WorkspaceEditor lists the tables `workspace` opens, lets the
+   user mend their paths, and on OK rewrites the file; the four flags are
+   written on OK only (the two values after the path are not read).
+   WorkspaceCustomSave connects and does nothing: it returns 0. */
+FK_API int WorkspaceEditor(int32_t dispatch, const char *workspace, int32_t unused1, int32_t unused2,
+            int32_t *noEditable, int32_t *interactive, int32_t *noPrinter, int32_t *openWorkspace);
+FK_API int WorkspaceCustomSave(int32_t dispatch);
+
 /* Settings. `value` and `directory` out-buffers belong to the caller, who
    makes them large enough: the whole text is copied (a setting's value is
    at most 1023 characters). */

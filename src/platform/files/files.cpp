@@ -1,5 +1,8 @@
 #include "platform/files/files.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <cstdio>
 #include <filesystem>
 #include <memory>
@@ -27,6 +30,15 @@ bool CopyFileOver(std::string_view source, std::string_view target) {
 bool RemoveFile(std::string_view path) {
   std::error_code ec;
   return std::filesystem::remove(Native(path), ec);
+}
+
+bool ReplaceFile(std::string_view source, std::string_view target) {
+  const std::string from = Native(source);
+  const int fd = ::open(from.c_str(), O_RDONLY | O_CLOEXEC);
+  if (fd < 0) return false;
+  const bool synced = ::fsync(fd) == 0;
+  ::close(fd);
+  return synced && ::rename(from.c_str(), Native(target).c_str()) == 0;
 }
 
 std::string CurrentFolder() {

@@ -15,6 +15,10 @@ bool FolderExists(std::string_view path);
 // Copies `source` over `target`, replacing it; false when either side fails.
 bool CopyFileOver(std::string_view source, std::string_view target);
 bool RemoveFile(std::string_view path);
+// Puts `source` in the place of `target` in one step, once its contents are
+// on disk: `target` is either as it was or wholly the new file. False when
+// it can't be done, with both left as they were.
+bool ReplaceFile(std::string_view source, std::string_view target);
 // The process's current folder, and changing it; false when it can't be changed.
 std::string CurrentFolder();
 bool SetCurrentFolder(std::string_view path);

@@ -1,17 +1,24 @@
-// formkit workspace: the workspace editor run headless over a workspace
-// file. `check` prints the tables the file opens with their status and
-// cancels; `fix` mends their paths (relative, absolute in a folder, or
-// current), unticks the rows given by --drop, sets the repairs, and presses
-// OK, so the file is rewritten (with a backup unless --no-backup).
+// formkit workspace: the workspace editor and loader run headless over a
+// workspace file. `check` prints the tables the file opens with their
+// status and cancels; `fix` mends their paths (relative, absolute in a
+// folder, or current), unticks the rows given by --drop, sets the repairs,
+// and presses OK, so the file is rewritten (with a backup unless
+// --no-backup). `load` runs the file on the host at the loader's pace (or a
+// statement per press with --step), printing the status list as it grows;
+// a refused statement stops it unless --no-pause.
+#include <chrono>
 #include <cstdio>
+#include <thread>
 
 #include "cli_errors.h"
 #include "commands.h"
 #include "formkit/formkit.h"
 #include "host_session.h"
 #include "platform/files/files.h"
+#include "platform/loop/loop.h"
 #include "platform/ui/headless/headless_ui.h"
 #include "workspace/workspace_editor_dlg.h"
+#include "workspace/workspace_loader_dlg.h"
 
 namespace cli {
 namespace {
@@ -24,6 +31,7 @@ struct WorkspaceOptions {
   std::string absolute;  // the folder, when set
   std::vector<std::string> drop;
   bool interactive = false, noEditable = false, noPrinter = false, noBackup = false;
+  bool step = false, noPause = false;
 };
 
 void PrintRows(const fk::ui::DialogView& view) {
@@ -72,6 +80,66 @@ void RunWorkspace(const GlobalOptions& global, const WorkspaceOptions& options, 
   if (fix && !global.quiet) std::printf("%s: rewritten\n", options.file.c_str());
 }
 
+using Loader = CWorkspaceLoaderDlg;
+
+// Prints the entries of the status list that are new since the last call;
+// true when the last of them tells of a refused statement.
+bool PrintNewEntries(const fk::ui::DialogView& view, int& printed) {
+  bool refused = false;
+  for (; printed < view.ListCount(Loader::IDC_STATUS); ++printed) {
+    const std::string entry = view.ListText(Loader::IDC_STATUS, printed);
+    std::printf("%s\n", entry.c_str());
+    refused = entry.rfind("ERROR\t", 0) == 0;
+  }
+  std::fflush(stdout);
+  return refused;
+}
+
+// Runs the loader to the end of the file; false when a refused statement
+// stopped it.
+bool RunLoader(fk::ui::HeadlessDialog& box, const WorkspaceOptions& options) {
+  const fk::ui::DialogView& view = box.View();
+  box.SetCheck(Loader::IDC_PAUSE_ON_ERROR, !options.noPause);
+  box.SetCheck(Loader::IDC_STEP_BY_LINE, options.step);
+  int printed = 0;
+  bool refused = false;
+  if (options.step) {
+    // A refused statement stays in hand when stepping: it is skipped, or it
+    // stops the run.
+    while (view.IsShown(Loader::IDC_RUN) && !refused) {
+      box.Press(Loader::IDC_RUN);
+      refused = PrintNewEntries(view, printed);
+      if (refused && options.noPause && view.IsEnabled(Loader::IDC_SKIP)) {
+        box.Press(Loader::IDC_SKIP);
+        refused = false;
+      }
+    }
+  } else {
+    box.Press(Loader::IDC_RUN);
+    // The step timer runs on this thread's loop, pumped here as a host's
+    // loop would; "Skip Line" comes on only when a refused statement pauses.
+    while (view.IsShown(Loader::IDC_RUN) && !view.IsEnabled(Loader::IDC_SKIP)) {
+      PrintNewEntries(view, printed);
+      if (fk::PumpMessages(50) == 0) std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    refused = view.IsShown(Loader::IDC_RUN);
+  }
+  PrintNewEntries(view, printed);
+  box.Press(fk::ui::IDOK);
+  return !refused;
+}
+
+void LoadWorkspace(const GlobalOptions& global, const WorkspaceOptions& options) {
+  if (!fk::FileExists(options.file)) throw UsageError("no such workspace: " + options.file);
+  HostSession session(global);
+  bool finished = false;
+  fk::ui::DefaultHeadlessUi().OnDialog(Loader::IDD, [&](fk::ui::HeadlessDialog& box) {
+    finished = RunLoader(box, options);
+  });
+  WorkspaceCustomLoad(session.Handle(), options.file.c_str());
+  if (!finished) throw ToolFailure("stopped at a statement the host refused; mend it, or use --no-pause to pass over it");
+}
+
 }  // namespace
 
 void AddWorkspaceCommand(CLI::App& app, const GlobalOptions& global) {
@@ -94,9 +162,15 @@ void AddWorkspaceCommand(CLI::App& app, const GlobalOptions& global) {
   fix->add_flag("--no-printer", options->noPrinter, "Remove the printer settings");
   fix->add_flag("--no-backup", options->noBackup, "Keep no backup (<file>.bak)");
   OnRun(fix, global, [&global, options] { RunWorkspace(global, *options, true); });
-  command->footer(Example("cp {samples}/bendigo_missing.wor .\n"
+  CLI::App* load = command->add_subcommand("load", "Run the workspace on the host, statement by statement");
+  load->add_option("file", options->file, "The workspace (.wor)")->required();
+  load->add_flag("--step", options->step, "One statement per step, as with Step Line by Line");
+  load->add_flag("--no-pause", options->noPause, "Pass over a statement the host refuses");
+  OnRun(load, global, [&global, options] { LoadWorkspace(global, *options); });
+  command->footer(Example("cp {samples}/bendigo_missing.wor {samples}/collars.tab {samples}/collars.gpkg .\n"
                           "{formkit} workspace check bendigo_missing.wor\n"
-                          "{formkit} workspace fix bendigo_missing.wor --current --drop drillholes_2019.tab"));
+                          "{formkit} workspace fix bendigo_missing.wor --current --drop drillholes_2019.tab\n"
+                          "{formkit} workspace load bendigo_missing.wor --no-pause"));
 }
 
 }  // namespace cli

@@ -119,22 +119,24 @@ step "window-list: linked mappers" "$out/linked.txt" \
   "$([ "$(tr '\n' '|' < "$out/linked.txt")" = '[x] Pit\tMGA Zone 55|[ ] Regional\tLong/Lat|[x] Section|method: fixed scale|' ] \
      && echo "ok: the ticks and the method as chosen" || echo "FAILED")"
 
-say "Check a workspace written on Windows with a missing table; mend it to relative paths"
+say "Check a workspace written on Windows with a missing table; mend it to relative paths and load it"
 # The drive C: stands for the output folder, which holds the tables in Samples.
 mkdir -p "$out/Samples" && cp "$samples"/{collars,lithology}.{tab,gpkg} "$samples/bendigo_missing.wor" "$out/Samples/"
 export FORMKIT_DRIVE_C=$out
 "$formkit" workspace check 'C:\SAMPLES\bendigo_missing.wor' | tee "$out/Samples/check.txt"
 "$formkit" workspace fix 'C:\SAMPLES\bendigo_missing.wor' --relative --drop '.\Old\drillholes_2019.tab'
 unset FORMKIT_DRIVE_C
+(cd "$out/Samples" && "$formkit" workspace load bendigo_missing.wor --no-pause | tee load.txt)
 opened=$("$python" -c 'import os, re, sys
 folder = os.path.dirname(sys.argv[1])
 paths = re.findall(r"Open Table \"([^\"]*)\"", open(sys.argv[1], newline="").read())
 print(" ".join(p for p in paths if os.path.exists(os.path.join(folder, p.replace("\\", "/")))))' \
   "$out/Samples/bendigo_missing.wor")
-step "workspace: check and fix" "$out/Samples/bendigo_missing.wor" \
+step "workspace: check, fix, load" "$out/Samples/bendigo_missing.wor" \
   "$([ "$opened" = '.\collars.tab .\lithology.tab' ] && grep -q '^Missing .*drillholes_2019' "$out/Samples/check.txt" \
      && cmp -s "$out/Samples/bendigo_missing.wor.bak" "$samples/bendigo_missing.wor" \
-     && echo "ok: python finds each table the rewritten file opens; the backup is the original" \
+     && [ "$(grep -c '^OK	- Open Table' "$out/Samples/load.txt")" = 2 ] && grep -q 'End of Workspace' "$out/Samples/load.txt" \
+     && echo "ok: python finds each table the rewritten file opens, the loader opens both; the backup is the original" \
      || echo "FAILED: opened '$opened'")"
 
 say "Choose two columns of the collars in the field selection dialog box"

@@ -101,6 +101,9 @@ FK_API int CurPosWinodowListDialog(const char **items, int32_t *ticks, int32_t c
 FK_API int WorkspaceEditor(int32_t dispatch, const char *workspace, int32_t unused1, int32_t unused2,
             int32_t *noEditable, int32_t *interactive, int32_t *noPrinter, int32_t *openWorkspace);
 FK_API int WorkspaceCustomSave(int32_t dispatch);
+/* The workspace loader: runs `workspace` on the host statement by statement;
+   1 when the box was closed with Close. */
+FK_API int WorkspaceCustomLoad(int32_t dispatch, const char *workspace);
 
 /* Settings. `value` and `directory` out-buffers belong to the caller, who
    makes them large enough: the whole text is copied (a setting's value is

@@ -226,8 +226,27 @@ Statement ParseSetMap(TokenStream& t) {
   s.property = Upper(t.Take().text);
   if (s.property != "EDITABLE" && s.property != "SELECTABLE" && s.property != "DISPLAY")
     t.Fail("expected Editable, Selectable or Display");
-  s.on = OnOff(t);
+  s.on = t.AtEnd() || OnOff(t);  // the bare word, as workspaces write it, is On
   return s;
+}
+
+// The window's place and size on the screen, which the emulator has no use
+// for: Position (x, y), Width w, Height h, each with its own Units "name".
+void SkipWindowGeometry(TokenStream& t) {
+  while (!t.AtEnd()) {
+    if (t.Accept("Position")) {
+      t.ExpectSign("(");
+      ParseExpression(t);
+      t.ExpectSign(",");
+      ParseExpression(t);
+      t.ExpectSign(")");
+    } else if (t.Accept("Width") || t.Accept("Height")) {
+      ParseExpression(t);
+    } else {
+      t.Fail("expected Position, Width or Height");
+    }
+    if (t.Accept("Units")) t.ExpectText("a unit name in quotes");
+  }
 }
 
 Statement ParsePrinter(TokenStream& t, ExprPtr window) {
@@ -437,7 +456,9 @@ Statement ParseFirstWord(TokenStream& t) {
   if (word == "METADATA") return ParseMetadata(t);
   if (word == "MAP") {
     t.Expect("From");
-    return MapFromStmt{TableList(t)};
+    MapFromStmt map{TableList(t)};
+    SkipWindowGeometry(t);
+    return map;
   }
   if (word == "ADD") return ParseMapLayers(t, true);
   if (word == "REMOVE") return ParseMapLayers(t, false);

@@ -9,10 +9,10 @@
 
 namespace {
 
-constexpr unsigned IDS_NO_TABLE = 2026;
-constexpr unsigned IDS_NO_OUTPUT_FILE = 2027;
+constexpr unsigned IDS_NO_TABLE = 2001;
+constexpr unsigned IDS_NO_OUTPUT_FILE = 2002;
 constexpr unsigned IDS_OVERWRITE_OUTPUT = 2028;
-constexpr unsigned IDS_NO_Z_COLUMN = 2034;
+constexpr unsigned IDS_NO_Z_COLUMN = 2003;
 constexpr unsigned IDS_DATAMINE_FILTER = 2035;
 constexpr unsigned IDS_TXT_EXTENSION = 2038;
 

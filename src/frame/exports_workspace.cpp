@@ -4,6 +4,7 @@
 #include "frame/formkit_app.h"
 #include "platform/app/module_guard.h"
 #include "workspace/workspace_editor_dlg.h"
+#include "workspace/workspace_loader_dlg.h"
 
 extern "C" int WorkspaceEditor(int32_t dispatch, const char* workspace, int32_t /*unused1*/, int32_t /*unused2*/,
                                int32_t* noEditable, int32_t* interactive, int32_t* noPrinter, int32_t* openWorkspace) {
@@ -27,5 +28,13 @@ extern "C" int WorkspaceCustomSave(int32_t dispatch) {
   return fk::GuardedCall("WorkspaceCustomSave", 0, [&] {
     theApp.Connect(dispatch, 1);
     return 0;
+  });
+}
+
+extern "C" int WorkspaceCustomLoad(int32_t dispatch, const char* workspace) {
+  return fk::GuardedCall("WorkspaceCustomLoad", 0, [&] {
+    CWorkspaceLoaderDlg box(TextArg(workspace));
+    theApp.Connect(dispatch, 1);
+    return box.DoModal() == fk::ui::IDOK ? 1 : 0;
   });
 }

@@ -13,6 +13,7 @@ thread_local std::map<unsigned, GSource*> t_timers;
 struct Timer {
   unsigned id = 0;
   TimerCallback callback;
+  bool repeating = false;
 };
 
 void Forget(unsigned id) {
@@ -25,6 +26,13 @@ void Forget(unsigned id) {
 
 gboolean Fire(gpointer data) {
   auto* timer = static_cast<Timer*>(data);
+  if (timer->repeating) {
+    // The callback may kill its own timer, which deletes `timer`: the id
+    // decides afterwards whether it still runs.
+    const unsigned id = timer->id;
+    timer->callback();
+    return t_timers.count(id) ? G_SOURCE_CONTINUE : G_SOURCE_REMOVE;
+  }
   Forget(timer->id);
   timer->callback();
   return G_SOURCE_REMOVE;
@@ -32,18 +40,26 @@ gboolean Fire(gpointer data) {
 
 void Delete(gpointer data) { delete static_cast<Timer*>(data); }
 
-}  // namespace
-
-unsigned SetTimer(const char* name, unsigned elapseMs, TimerCallback callback) {
+unsigned StartTimer(const char* name, unsigned elapseMs, TimerCallback callback, bool repeating) {
   GSource* source = g_timeout_source_new(elapseMs);
   g_source_set_name(source, name);
-  auto* timer = new Timer{0, std::move(callback)};
+  auto* timer = new Timer{0, std::move(callback), repeating};
   g_source_set_callback(source, Fire, timer, Delete);
   GMainContext* context = g_main_context_ref_thread_default();
   timer->id = g_source_attach(source, context);
   g_main_context_unref(context);
   t_timers[timer->id] = source;  // the map keeps the reference g_timeout_source_new gave
   return timer->id;
+}
+
+}  // namespace
+
+unsigned SetTimer(const char* name, unsigned elapseMs, TimerCallback callback) {
+  return StartTimer(name, elapseMs, std::move(callback), false);
+}
+
+unsigned SetRepeatingTimer(const char* name, unsigned periodMs, TimerCallback callback) {
+  return StartTimer(name, periodMs, std::move(callback), true);
 }
 
 bool KillTimer(unsigned id) {

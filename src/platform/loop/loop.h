@@ -13,7 +13,9 @@ using TimerCallback = std::function<void()>;
 // runs once, from that context, after `elapseMs`. `name` labels the timer
 // for debuggers. The timer's id, never 0.
 unsigned SetTimer(const char* name, unsigned elapseMs, TimerCallback callback);
-// Stops a timer that hasn't fired yet; false for an id that names none
+// A timer that fires every `periodMs` until it is killed.
+unsigned SetRepeatingTimer(const char* name, unsigned periodMs, TimerCallback callback);
+// Stops a timer that hasn't fired yet (or a repeating one); false for an id that names none
 // (already fired, already stopped, or never started).
 bool KillTimer(unsigned id);
 

@@ -109,10 +109,18 @@ void CWorkspaceEditorDlg::OnButton(int id) {
   }
 }
 
+// A double click on a row acts as "Edit selected path...".
+void CWorkspaceEditorDlg::OnListCtrlActivate(int id, int /*row*/) {
+  if (id == IDC_TABLES) EditSelectedPath();
+}
+
 void CWorkspaceEditorDlg::EditSelectedPath() {
   int selected = -1, count = 0;
-  for (int row = 0; row < Rows(); ++row)
-    if (View().ListCtrlIsSelected(IDC_TABLES, row)) selected = row, ++count;
+  for (int row = 0; row < Rows(); ++row) {
+    if (!View().ListCtrlIsSelected(IDC_TABLES, row)) continue;
+    selected = row;
+    ++count;
+  }
   if (count != 1) return;
   CSelectFile box;
   box.m_strPath = PathOf(selected);

@@ -45,6 +45,7 @@ class CWorkspaceEditorDlg : public fk::ui::DialogController {
  protected:
   void OnOK() override;
   void OnButton(int id) override;
+  void OnListCtrlActivate(int id, int row) override;
 
  private:
   int Rows() const;

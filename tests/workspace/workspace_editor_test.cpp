@@ -105,8 +105,15 @@ TEST_F(WorkspaceEditorTest, TheBoxShowsStatusesMakesPathsRelativeAndRewritesOnOk
     EXPECT_THAT(rows(box), ElementsAre("C:\\Samples\\collars.tab | - OK -",
                                        "C:\\Samples\\Old\\drillholes_2019.tab | Missing",
                                        "C:\\Samples\\lithology.tab | Unused"));
+    // A double click edits one path in the Select Table box.
+    m_ui.OnDialog(1009, [](HeadlessDialog& select) {
+      select.Type(1074, "C:\\Samples\\Old\\drillholes.tab");
+      select.Press(fk::ui::IDOK);
+    });
+    box.ActivateRow(TABLES, 1);
+    EXPECT_EQ(box.View().ListCtrlText(TABLES, 1, 0), "C:\\Samples\\Old\\drillholes.tab");
     box.Press(SET_RELATIVE);
-    EXPECT_THAT(rows(box), ElementsAre(".\\collars.tab | Missing", ".\\Old\\drillholes_2019.tab | Missing",
+    EXPECT_THAT(rows(box), ElementsAre(".\\collars.tab | Missing", ".\\Old\\drillholes.tab | Missing",
                                        ".\\lithology.tab | Missing, Unused"));
     box.CheckRow(TABLES, 1, false);
     box.SetCheck(INTERACTIVE, 1);

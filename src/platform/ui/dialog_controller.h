@@ -44,6 +44,8 @@ class DialogController {
   virtual void OnSelectionChange(int /*id*/) {}
   // A check box of a list control row changed.
   virtual void OnListCtrlCheck(int /*id*/, int /*row*/) {}
+  // A row of a list control was double-clicked (or Enter pressed on it).
+  virtual void OnListCtrlActivate(int /*id*/, int /*row*/) {}
   // The user changed the text of an edit control.
   virtual void OnEditChange(int /*id*/) {}
 

@@ -52,6 +52,12 @@ void HeadlessDialog::CheckRow(int id, int row, bool checked) {
   m_controller.OnListCtrlCheck(id, row);
 }
 
+void HeadlessDialog::ActivateRow(int id, int row) {
+  RequireUsable(id);
+  m_view.ListCtrlSelect(id, row, true);
+  m_controller.OnListCtrlActivate(id, row);
+}
+
 // ------------------------------------------------------------------ the backend
 
 void HeadlessUi::OnDialog(unsigned templateId, std::function<void(HeadlessDialog&)> actions) {

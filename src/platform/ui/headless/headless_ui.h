@@ -33,6 +33,8 @@ class HeadlessDialog {
   void SelectEntries(int id, const std::vector<int>& indices);
   void ChooseCombo(int id, int index);
   void CheckRow(int id, int row, bool checked);
+  // Double-clicks a list control row.
+  void ActivateRow(int id, int row);
   bool Ended() const { return m_view.Result().has_value(); }
 
  private:

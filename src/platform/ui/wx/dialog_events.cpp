@@ -21,6 +21,7 @@ DialogEvents::DialogEvents(wxWindow& root, DialogController& controller, WxDialo
     m_root.Bind(wxEventTypeTag<wxCommandEvent>(type), &DialogEvents::OnSelected, this);
   m_root.Bind(wxEVT_LIST_ITEM_CHECKED, &DialogEvents::OnRowChecked, this);
   m_root.Bind(wxEVT_LIST_ITEM_UNCHECKED, &DialogEvents::OnRowChecked, this);
+  m_root.Bind(wxEVT_LIST_ITEM_ACTIVATED, &DialogEvents::OnRowActivated, this);
   m_root.Bind(wxEVT_TEXT, &DialogEvents::OnTextChanged, this);
 }
 
@@ -31,6 +32,7 @@ DialogEvents::~DialogEvents() {
     m_root.Unbind(wxEventTypeTag<wxCommandEvent>(type), &DialogEvents::OnSelected, this);
   m_root.Unbind(wxEVT_LIST_ITEM_CHECKED, &DialogEvents::OnRowChecked, this);
   m_root.Unbind(wxEVT_LIST_ITEM_UNCHECKED, &DialogEvents::OnRowChecked, this);
+  m_root.Unbind(wxEVT_LIST_ITEM_ACTIVATED, &DialogEvents::OnRowActivated, this);
   m_root.Unbind(wxEVT_TEXT, &DialogEvents::OnTextChanged, this);
 }
 
@@ -63,6 +65,13 @@ void DialogEvents::OnRowChecked(wxListEvent& event) {
   if (m_view.IsChangingChecks()) return;
   const int row = static_cast<int>(event.GetIndex());
   m_calls.Run([&] { m_controller.OnListCtrlCheck(id, row); });
+}
+
+void DialogEvents::OnRowActivated(wxListEvent& event) {
+  const int id = Source(event);
+  if (id < 0) return event.Skip();
+  const int row = static_cast<int>(event.GetIndex());
+  m_calls.Run([&] { m_controller.OnListCtrlActivate(id, row); });
 }
 
 }  // namespace fk::ui

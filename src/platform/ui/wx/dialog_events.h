@@ -28,6 +28,7 @@ class DialogEvents {
   void OnPressed(wxCommandEvent& event);
   void OnSelected(wxCommandEvent& event);
   void OnRowChecked(wxListEvent& event);
+  void OnRowActivated(wxListEvent& event);
   void OnTextChanged(wxCommandEvent& event);
   int Source(const wxCommandEvent& event) const;
 

@@ -16,22 +16,12 @@ constexpr unsigned IDS_END_OF_WORKSPACE = 2091;
 constexpr unsigned IDS_SKIPPED = 2092;
 constexpr unsigned IDS_OK = 2093;
 constexpr unsigned IDS_ERROR = 2094;
-constexpr std::size_t kPieceChars = 1999;
-constexpr const char* kEndOfFile = "!EOF";
 
 // Shared by every run in the process: a step in progress (a host statement
 // lets the loop run, so a tick or a press may arrive inside a step), and
 // whether button 1004 was ever pressed; the latter is never reset.
 int g_bStepInProgress = 0;
 int g_bLoaderStarted = 0;
-
-bool IsCSpace(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\v' || c == '\f'; }
-
-std::string TrimBlanksAndTabs(const std::string& text) {
-  const std::size_t first = text.find_first_not_of(" \t");
-  if (first == std::string::npos) return {};
-  return text.substr(first, text.find_last_not_of(" \t") - first + 1);
-}
 
 }  // namespace
 
@@ -46,7 +36,7 @@ bool CWorkspaceLoaderDlg::OnInitDialog() {
   View().Show(IDC_STEP, false);
   View().Enable(IDC_STEP, false);
   View().Enable(IDC_SKIP, false);
-  auto stream = std::make_unique<fk::TextReader>();
+  auto stream = std::make_unique<WorkspaceStatementReader>();
   if (!stream->Open(m_strWorkspace)) {
     Prompt().MessageBox(fk::FormatString(IDS_COULD_NOT_OPEN, {m_strWorkspace}), fk::ui::MB_OK);
     return true;
@@ -67,7 +57,7 @@ void CWorkspaceLoaderDlg::OnTimer() {
     return;
   }
   if (!m_strStatement.empty()) {
-    if (m_strStatement == kEndOfFile) {
+    if (m_strStatement == WORKSPACE_END) {
       Finish();
       g_bStepInProgress = 0;
       return;
@@ -78,9 +68,9 @@ void CWorkspaceLoaderDlg::OnTimer() {
       return;
     }
   }
-  ReadStatement();
+  m_strStatement = m_Stream->Next();
   View().SetText(IDC_STATEMENT, m_strStatement);
-  if (m_strStatement == kEndOfFile) {
+  if (m_strStatement == WORKSPACE_END) {
     View().SetText(IDC_STATEMENT, "");
     g_bStepInProgress = 0;
     OnTimer();  // the end is reached in this tick
@@ -110,45 +100,6 @@ bool CWorkspaceLoaderDlg::RunStatement() {
     return false;
   }
   return m_nTimer != 0;  // running on: the failed statement is passed over
-}
-
-// Fills the statement from the look-ahead: a line that begins with white
-// space or "(" continues the statement before it, so an empty line does too.
-// Each line keeps its newline until that becomes a blank.
-void CWorkspaceLoaderDlg::ReadStatement() {
-  m_strStatement.clear();
-  std::optional<std::string> piece = ReadPiece();
-  if (piece) {
-    Promote(std::move(*piece));
-    m_strStatement = m_strLine;
-    while (true) {
-      const char next = m_strNextLine.empty() ? '\0' : m_strNextLine[0];
-      if (!IsCSpace(next) && next != '(') return;
-      piece = ReadPiece();
-      if (!piece) {
-        Promote({});
-        break;
-      }
-      Promote(std::move(*piece));
-      m_strStatement += " " + m_strLine;
-    }
-  } else {
-    m_strLine = m_strNextLine;
-    m_strNextLine.clear();
-  }
-  if (m_strStatement.empty() && m_strLine.empty())
-    m_strStatement = kEndOfFile;
-  else
-    m_strStatement += m_strLine;
-}
-
-std::optional<std::string> CWorkspaceLoaderDlg::ReadPiece() { return m_Stream->Gets(kPieceChars + 1); }
-
-void CWorkspaceLoaderDlg::Promote(std::string piece) {
-  m_strLine = TrimBlanksAndTabs(m_strNextLine);
-  for (char& c : m_strLine)
-    if (c == '\n') c = ' ';
-  m_strNextLine = std::move(piece);
 }
 
 void CWorkspaceLoaderDlg::Log(const std::string& entry) {

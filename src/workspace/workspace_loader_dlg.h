@@ -6,10 +6,9 @@
 #pragma once
 
 #include <memory>
-#include <optional>
 #include <string>
 
-#include "platform/text/text_file.h"
+#include "workspace/statement_reader.h"
 #include "platform/ui/dialog_controller.h"
 
 class CWorkspaceLoaderDlg : public fk::ui::DialogController {
@@ -49,9 +48,6 @@ class CWorkspaceLoaderDlg : public fk::ui::DialogController {
   // Steps 4 to 6 of a step: false when the step must end here, with the
   // statement kept in hand.
   bool RunStatement();
-  void ReadStatement();
-  std::optional<std::string> ReadPiece();
-  void Promote(std::string piece);
   void Log(const std::string& entry);
   void Finish();
   void OnRun();
@@ -60,9 +56,7 @@ class CWorkspaceLoaderDlg : public fk::ui::DialogController {
   void TakeEditorText();
 
   std::string m_strWorkspace;
-  std::unique_ptr<fk::TextReader> m_Stream;
+  std::unique_ptr<WorkspaceStatementReader> m_Stream;  // null when the file could not be opened, and at its end
   unsigned m_nTimer = 0;
-  std::string m_strLine;
-  std::string m_strNextLine;
-  std::string m_strStatement;
+  std::string m_strStatement;  // the statement in hand
 };

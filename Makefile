@@ -14,7 +14,7 @@ PACKAGES := cmake ninja-build pkg-config g++ binutils \
             libwxgtk3.2-dev libgtk-3-dev xvfb xauth \
             dbus gcovr nlohmann-json3-dev
 
-.PHONY: all deps configure build test demo bench coverage clean
+.PHONY: all deps configure build test demo bench coverage test-sanitize fuzz clean
 
 all: build
 
@@ -62,6 +62,33 @@ coverage: deps
 	find $(COVERAGE_BUILD) -name '*.gcda' -delete
 	ctest --test-dir $(COVERAGE_BUILD) --output-on-failure -j $(JOBS)
 	gcovr -r . -f src/ -f sim/ -j $(JOBS) --print-summary -o $(COVERAGE_BUILD)/coverage.txt $(COVERAGE_BUILD)
+
+# The whole suite built with the address and undefined-behaviour sanitizers,
+# in a build folder of its own. Leaks of the toolkit and of GLib's type
+# system, which live as long as the process, are not reported.
+SANITIZE_BUILD ?= build-asan
+test-sanitize: deps
+	cmake -S . -B $(SANITIZE_BUILD) -G Ninja -DCMAKE_BUILD_TYPE=Debug -DFORMKIT_SANITIZE=ON
+	cmake --build $(SANITIZE_BUILD) -j $(JOBS)
+	ASAN_OPTIONS=detect_leaks=0 UBSAN_OPTIONS=print_stacktrace=1 \
+	  ctest --test-dir $(SANITIZE_BUILD) --output-on-failure -j $(JOBS)
+
+# The fuzz targets (libFuzzer, with clang), each run for FUZZ_SECONDS on a
+# copy of its seed corpus in $(FUZZ_BUILD)/corpus.
+FUZZ_BUILD   ?= build-fuzz
+FUZZ_SECONDS ?= 60
+FUZZ_TARGETS := preference_block ogb_reader workspace
+fuzz: deps
+	@command -v clang++ >/dev/null || DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends clang
+	CC=clang CXX=clang++ cmake -S . -B $(FUZZ_BUILD) -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo
+	cmake --build $(FUZZ_BUILD) -j $(JOBS) $(addprefix --target ,$(addsuffix _fuzzer,$(FUZZ_TARGETS)))
+	@for t in $(FUZZ_TARGETS); do \
+	  mkdir -p $(FUZZ_BUILD)/corpus/$$t && cp -n tests/fuzz/corpus/$$t/* $(FUZZ_BUILD)/corpus/$$t/; \
+	  echo "== $$t: $(FUZZ_SECONDS) s"; \
+	  $(FUZZ_BUILD)/tests/fuzz/$${t}_fuzzer -max_total_time=$(FUZZ_SECONDS) -print_final_stats=1 \
+	    $(FUZZ_BUILD)/corpus/$$t > $(FUZZ_BUILD)/$$t.log 2>&1 || { tail -40 $(FUZZ_BUILD)/$$t.log; exit 1; }; \
+	  grep -E '^stat::number_of_executed_units' $(FUZZ_BUILD)/$$t.log; \
+	done
 
 clean:
 	rm -rf $(BUILD)

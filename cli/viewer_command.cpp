@@ -20,9 +20,9 @@ namespace cli {
 namespace {
 
 struct ViewerOptions {
-  std::string program, file;
+  std::string program, file, kind, name;
   int timeout = 30000;
-  bool zelvar = false, temporary = false;
+  bool zelvar = false, temporary = false, refresh = false;
 };
 
 void Register(const ViewerOptions& o) {
@@ -70,6 +70,18 @@ void Grid(const ViewerOptions& o) {
   if (ViewGridIn3D(o.file.c_str()) != 1) throw ToolFailure("the viewer did not take " + o.file);
 }
 
+// A table file as a series; a series open already is refreshed with
+// --refresh (the question answered Yes), else added again.
+void Series(const ViewerOptions& o) {
+  Start();
+  fk::ui::HeadlessPrompter& prompts = fk::ui::DefaultHeadlessUi().Prompts();
+  prompts.Clear();  // the start's answer, when no question came
+  prompts.AnswerMessage(o.refresh ? fk::ui::IDYES : fk::ui::IDNO);
+  const int done = o.kind == "points" ? LoadTabPoints(o.name.c_str(), o.file.c_str())
+                                      : LoadTabLines(o.name.c_str(), o.file.c_str());
+  if (done != 1) throw ToolFailure("the viewer did not show " + o.file + " as " + o.kind);
+}
+
 }  // namespace
 
 void AddViewerCommand(CLI::App& app, const GlobalOptions& options) {
@@ -105,6 +117,12 @@ void AddViewerCommand(CLI::App& app, const GlobalOptions& options) {
               })
       ->add_option("file", o->file, "The state file")
       ->required();
+  CLI::App* series = ProductLeaf(viewer, options, "series", "Show a table file as a point or a line series",
+                                 [o] { Series(*o); });
+  series->add_option("kind", o->kind, "points or lines")->required()->check(CLI::IsMember({"points", "lines"}));
+  series->add_option("name", o->name, "The series' display name")->required();
+  series->add_option("file", o->file, "The table file")->required();
+  series->add_flag("--refresh", o->refresh, "Refresh a series open already");
   ProductLeaf(viewer, options, "stop", "Ask the viewer to quit", [] { ShutdownTerravik3D(); });
 }
 

@@ -153,20 +153,21 @@ step "settings: files and registry" "$out/settings.txt" \
   "$(grep -q 'RSSDelay = "14"' "$out/settings.txt" && [ "$("$formkit" settings get Demo Contours --file demo.ini)" = "$out/dem_contours.dxf" ] \
      && echo "ok: read back" || echo "FAILED")"
 
-say "Show the contour lines in the 3D viewer simulator and save a 3D state beside them"
+say "Show the contour lines and the collars as points in the 3D viewer simulator; save a 3D state"
 # The viewer talks on a session bus of its own for this step.
 dbus-run-session -- bash -c '"$0" viewer register "$1/viewer/Terravik3D.exe" --timeout 10000 &&
   "$0" viewer start >/dev/null && "$0" viewer load "$2/dem_contours.dxf" && "$0" viewer status &&
+  "$0" viewer series points Collars "$2/Samples/collars.tab" &&
   "$0" viewer save-state "$2/site.3ds"; "$0" viewer stop' "$formkit" "$build" "$out" 2>&1 \
   | grep -v '^dbus-daemon' | sed -E -e "s|$out/||" -e 's/^process: [0-9]+$/process: (its id)/' | tee "$out/viewer.txt"
 shown=$("$python" -c 'import json, sys
 session = json.load(open(sys.argv[1]))
-print(sum(1 for o in session["objects"] if o["kind"] == 2 and o["name"] == sys.argv[2]))' \
+print(sum(1 for o in session["objects"] if (o["kind"], o["name"]) in ((2, sys.argv[2]), (7, "Collars as Points"))))' \
   "$out/site.ogs" "$out/dem_contours.dxf" 2>/dev/null)
 lines=$("$python" -c 'import sys; print(open(sys.argv[1], "rb").read().split(b"\r\n")[:3] == [b"VERSION 1.0", sys.argv[2].encode(), sys.argv[3].encode()])' \
   "$out/site.3ds" "$out/site.wor" "$out/site.ogs" 2>/dev/null)
-step "viewer: DXF shown, 3D state" "$out/site.3ds" \
-  "$([ "$shown" = 1 ] && [ "$lines" = True ] && [ -s "$out/site.wor" ] \
+step "viewer: DXF, series, state" "$out/site.3ds" \
+  "$([ "$shown" = 2 ] && [ "$lines" = True ] && [ -s "$out/site.wor" ] \
      && echo "ok: python reads the state's lines and the viewer's JSON" || echo "FAILED: shown '$shown', lines '$lines'")"
 
 printf '\n%-30s %-22s %8s  %s\n' step output bytes "checked by a peer"

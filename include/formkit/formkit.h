@@ -148,6 +148,10 @@ FK_API int AddOGBFilePart(const char *file, const char *part, int load);
 FK_API int ClearLogOGBFile(void);
 FK_API int RemoveOGBFileIfUnused(const char *file);
 FK_API int ViewGridIn3D(const char *grid);
+/* A host table file the script prepared, shown as a point or a line series
+   named "<name> as Points" or "<name> as Lines"; 1 when it was added. */
+FK_API int LoadTabPoints(const char *name, const char *path);
+FK_API int LoadTabLines(const char *name, const char *path);
 FK_API int SetTempFileDeleteOnDestoy(int flag);
 FK_API int SetTempFileDirectory(const char *directory);
 

@@ -97,31 +97,43 @@ const std::vector<SceneObject>& Scene::Objects(int view) const {
 }
 
 int Scene::OpenFiles(const std::vector<std::string>& files, int kind) {
-  for (const std::string& file : files) RequireFile(file);
-  if (const std::optional<int> known = FindDataset(files, kind)) return *known;
-  const int id = static_cast<int>(m_datasets.size()) + 1;
-  m_datasets.push_back({id, kind, files});
+  // A table file comes split: its folder first, then its name.
+  const bool split = !files.empty() && std::filesystem::is_directory(fk::Native(files.front()));
+  for (std::size_t i = split ? 1 : 0; i < files.size(); ++i) RequireFile(split ? files.front() + files[i] : files[i]);
+  const int type = kind == 4 ? 5 : kind == 7 ? 4 : kind;
+  if (const std::optional<int> known = FindDataset(files, type)) return *known;
+  // Datasets count from 0, and each is the project of the same number.
+  const int id = static_cast<int>(m_datasets.size());
+  m_datasets.push_back({id, type, files});
   m_projects.push_back({id, true, 0});
   return id;
 }
 
-std::optional<int> Scene::FindDataset(const std::vector<std::string>& files, int kind) const {
+std::optional<int> Scene::FindDataset(const std::vector<std::string>& files, int type) const {
   for (const Dataset& dataset : m_datasets) {
-    if (dataset.kind != kind || dataset.files.size() != files.size()) continue;
+    if (dataset.kind != type || dataset.files.size() != files.size()) continue;
     if (std::equal(files.begin(), files.end(), dataset.files.begin(), SameName)) return dataset.id;
   }
   return std::nullopt;
 }
 
 const Dataset* Scene::DatasetById(int id) const {
-  return id >= 1 && id <= static_cast<int>(m_datasets.size()) ? &m_datasets[static_cast<std::size_t>(id - 1)] : nullptr;
+  return id >= 0 && id < static_cast<int>(m_datasets.size()) ? &m_datasets[static_cast<std::size_t>(id)] : nullptr;
 }
 
 void Scene::AddSeries(int view, Series series) {
   CheckView(view);
   if (series.dataset >= 0 && !DatasetById(series.dataset))
     Fail("There is no dataset " + std::to_string(series.dataset) + ".");
-  m_objects[view].push_back({series.kind, series.name, series.rows, {}});
+  // The rows go to the series object of that name when the view has one.
+  std::vector<SceneObject>& objects = m_objects[view];
+  for (SceneObject& object : objects) {
+    if (object.kind == series.kind && object.name == series.name) {
+      object.values = series.rows;
+      return;
+    }
+  }
+  objects.push_back({series.kind, series.name, series.rows, {}});
 }
 
 }  // namespace tv

@@ -22,7 +22,7 @@ struct SceneObject {
 
 struct Dataset {
   int id = 0;
-  int kind = 0;
+  int kind = 0;  // the dataset type: 5 for drillhole files, 4 for a table file
   std::vector<std::string> files;
 };
 
@@ -50,9 +50,11 @@ class Scene {
   bool RemoveObject(int view, int kind, const std::string& name);
   const std::vector<SceneObject>& Objects(int view) const;
 
-  // Opens table files as one dataset (and a project); its id.
+  // Opens table files as one dataset (and a project); its id. Files opened
+  // as drillhole series (kind 4) make a drillhole dataset (type 5), a table
+  // file opened as a point series (kind 7) a table dataset (type 4).
   int OpenFiles(const std::vector<std::string>& files, int kind);
-  std::optional<int> FindDataset(const std::vector<std::string>& files, int kind) const;
+  std::optional<int> FindDataset(const std::vector<std::string>& files, int type) const;
   const Dataset* DatasetById(int id) const;
   void AddSeries(int view, Series series);
 

@@ -119,7 +119,11 @@ Variant ViewerObject::Answer(std::int32_t dispid, std::span<Variant> args) {
       return NoArguments("Detach", args);
     case id::kOpenFiles: {
       const CallArgs a("OpenFiles", args, 4);
-      scene.OpenFiles(a.TextList(1), a.Int(3));
+      const std::vector<std::string> files = a.TextList(1);
+      scene.OpenFiles(files, a.Int(3));
+      // A table file opened for a point or line series stays in the view
+      // under kind 7, by its whole path.
+      if (a.Int(3) == 7 && files.size() == 2) scene.AddSeries(a.Int(0), {7, files[0] + files[1], -1, {}});
       return Done();
     }
     case id::kGetMapWindow: {
@@ -266,7 +270,7 @@ class DatasetObject final : public RecordedObject {
       }
       case id::kDetach:
         CallArgs("Detach", args, 0);
-        m_nDataset = 0;
+        m_nDataset = -1;
         return Done();
       case id::kGetName: {
         const CallArgs a("GetName", args, 1);
@@ -278,7 +282,7 @@ class DatasetObject final : public RecordedObject {
         Unknown(dispid);
     }
   }
-  std::int32_t m_nDataset = 0;
+  std::int32_t m_nDataset = -1;  // none attached
 };
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include "frame/export_args.h"
 #include "frame/formkit_app.h"
 #include "platform/app/module_guard.h"
+#include "viewer/series_loaders.h"
 #include "viewer/viewer_loading.h"
 
 extern "C" int LoadDXFFile(const char* file) {
@@ -63,4 +64,14 @@ extern "C" int SetTempFileDirectory(const char* directory) {
     theApp.m_strTempDirectory = TextArg(directory);
     return 1;
   });
+}
+
+extern "C" int LoadTabPoints(const char* name, const char* path) {
+  return fk::GuardedCall("LoadTabPoints", 0,
+                         [&] { return LoadTabSeries(theApp.Viewer3D(), TAB_POINTS, TextArg(name), TextArg(path)); });
+}
+
+extern "C" int LoadTabLines(const char* name, const char* path) {
+  return fk::GuardedCall("LoadTabLines", 0,
+                         [&] { return LoadTabSeries(theApp.Viewer3D(), TAB_LINES, TextArg(name), TextArg(path)); });
 }

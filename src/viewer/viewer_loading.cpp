@@ -13,12 +13,6 @@ constexpr int kFileKinds[] = {OBJECT_FILE, OBJECT_VECTOR_FILE, OBJECT_FILE_DATAS
 const std::vector<std::int32_t> kPermanentDXFValues = {0, 0, 0, 0xC8C8C8, 0xA0A0A0, 0, 0, 0, 0};
 const std::vector<std::int32_t> kShownVectorValues = {25, 0, 0, 0, 0, 1, 0, 0, 1};
 
-void ShowHelpHint(ViewerSession session, const char* topic) {
-  if (!session.bShowHelp) return;
-  session.viewer.ShowHelpPanel();
-  session.viewer.ShowHelpTopic(topic);
-}
-
 bool ViewerAvailable(ViewerSession session) {
   return EnsureViewerRunning(session.viewer, session.nViewerProcessID, true) >= 1;
 }
@@ -28,6 +22,12 @@ bool EndsWithDXF(const std::string& file) {
 }
 
 }  // namespace
+
+void ShowHelpHint(ViewerSession session, const char* topic) {
+  if (!session.bShowHelp) return;
+  session.viewer.ShowHelpPanel();
+  session.viewer.ShowHelpTopic(topic);
+}
 
 int IsFileInViewer(CViewerLink& viewer, int view, const std::string& file) {
   for (int kind : kFileKinds)

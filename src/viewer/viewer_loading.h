@@ -7,6 +7,9 @@
 
 #include "viewer/viewer_session.h"
 
+// With the help flag on, the viewer's help panel at `topic`.
+void ShowHelpHint(ViewerSession session, const char* topic);
+
 // The three helpers of every file load, on an attached link.
 int IsFileInViewer(CViewerLink& viewer, int view, const std::string& file);
 int RemoveFileFromViewer(CViewerLink& viewer, int view, const std::string& file);

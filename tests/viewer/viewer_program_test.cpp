@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 
 #include "support/host/emulated_host.h"
 #include "formkit/formkit.h"
@@ -227,6 +228,43 @@ TEST_F(ViewerProgram, APermanentDXFHeldUnderKindOneIsRemovedUnderKindTwoAndAdded
   EXPECT_EQ(FORMKIT_EXPORT(host.library, LoadPermDXFFile)((m_folder.Path() + "/absent.dxf").c_str(), 1), 0)
       << "the viewer refuses a file it can't read";
   EXPECT_EQ(FORMKIT_EXPORT(host.library, ShutdownTerravik3D)(), 1);
+}
+
+// A table file as a point series, again with the refresh answered Yes,
+// then as a line series: the file is opened once, split into folder and name.
+TEST_F(ViewerProgram, TableFilesBecomePointAndLineSeriesAndARefreshReloadsTheProject) {
+  const std::string table = m_folder.Write("holes.tab", "!table\r\n");
+  const std::string pair = "400c:[c;0|8:\"" + m_folder.Path() + "/\",8:\"holes.tab\"]";
+  const auto callsOf = [&](const std::function<int()>& load) {
+    const std::size_t before = Calls().size();
+    EXPECT_EQ(load(), 1);
+    const std::vector<std::string> calls = Calls();
+    return std::vector<std::string>(calls.begin() + static_cast<std::ptrdiff_t>(before), calls.end());
+  };
+  const std::vector<std::string> points = callsOf([&] { return LoadTabPoints("Holes", table.c_str()); });
+  EXPECT_THAT(points, ::testing::IsSupersetOf(std::vector<std::string>{
+                          "TV.InterfaceCOM 47 flags=0 3:1 3:7 400c:[c;0|8:\"Holes as Points\"] 4003:0",
+                          "TV.InterfaceCOM 45 flags=0 3:1 8:\"" + table + "\" 3:7 4003:0",
+                          "TV.InterfaceCOM 38 flags=0 3:1 " + pair + " 3:0 3:7",
+                          "TV.InterfaceCOM 41 flags=0 3:1 3:7 400c:[c;0|8:\"Holes as Points\"]",
+                          "TV.InterfaceCOM 48 flags=0 3:1 8:\"Holes as Points\" 3:0 400c:[3;0|3:-1]"}));
+
+  m_ui.Prompts().AnswerMessage(fk::ui::IDYES);
+  const std::vector<std::string> refreshed = callsOf([&] { return LoadTabPoints("Holes", table.c_str()); });
+  EXPECT_EQ(m_ui.Prompts().Shown().at(0).text,
+            "Point series \"Holes\" is already open in 3D. Do you wish to refresh the data?");
+  EXPECT_THAT(Members(refreshed),
+              ElementsAre("TV.InterfaceCOM 1", "TV.InterfaceCOM 39", "TV.InterfaceCOM 47", "TV.InterfaceCOM 46",
+                          "TV.InterfaceCOM 49", "TV.InterfaceDatasetCOM 1", "TV.InterfaceDatasetCOM 3",
+                          "TV.InterfaceDatasetCOM 2", "TV.InterfaceSurveyCOM 1", "TV.InterfaceSurveyCOM 6",
+                          "TV.InterfaceSurveyCOM 2", "TV.InterfaceCOM 45", "TV.InterfaceCOM 41", "TV.InterfaceCOM 49",
+                          "TV.InterfaceCOM 48", "TV.InterfaceCOM 2"))
+      << "the file is held already: no second OpenFiles";
+
+  const std::vector<std::string> lines = callsOf([&] { return LoadTabLines("Holes", table.c_str()); });
+  EXPECT_THAT(lines, ::testing::Contains(
+                         "TV.InterfaceCOM 52 flags=0 3:1 8:\"Holes as Lines\" 3:0 400c:[3;0|3:-1]"));
+  ShutdownTerravik3D();
 }
 
 TEST_F(ViewerProgram, ASavedStateKeepsTheCompositesInUseAndComesBackInANewViewer) {

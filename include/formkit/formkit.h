@@ -152,6 +152,8 @@ FK_API int ViewGridIn3D(const char *grid);
    named "<name> as Points" or "<name> as Lines"; 1 when it was added. */
 FK_API int LoadTabPoints(const char *name, const char *path);
 FK_API int LoadTabLines(const char *name, const char *path);
+/* 1 when the viewer runs and holds an open drillhole project. */
+FK_API int IsDrillHoleProjectOpen(void);
 FK_API int SetTempFileDeleteOnDestoy(int flag);
 FK_API int SetTempFileDirectory(const char *directory);
 

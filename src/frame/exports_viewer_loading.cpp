@@ -3,6 +3,7 @@
 #include "frame/export_args.h"
 #include "frame/formkit_app.h"
 #include "platform/app/module_guard.h"
+#include "viewer/drillhole_project.h"
 #include "viewer/series_loaders.h"
 #include "viewer/viewer_loading.h"
 
@@ -74,4 +75,8 @@ extern "C" int LoadTabPoints(const char* name, const char* path) {
 extern "C" int LoadTabLines(const char* name, const char* path) {
   return fk::GuardedCall("LoadTabLines", 0,
                          [&] { return LoadTabSeries(theApp.Viewer3D(), TAB_LINES, TextArg(name), TextArg(path)); });
+}
+
+extern "C" int IsDrillHoleProjectOpen() {
+  return fk::GuardedCall("IsDrillHoleProjectOpen", 0, [] { return IsDrillHoleProjectOpen(theApp.Viewer3D().viewer); });
 }

@@ -231,7 +231,8 @@ TEST_F(ViewerProgram, APermanentDXFHeldUnderKindOneIsRemovedUnderKindTwoAndAdded
 }
 
 // A table file as a point series, again with the refresh answered Yes,
-// then as a line series: the file is opened once, split into folder and name.
+// then as a line series: the file is opened once, split into folder and
+// name, and makes an open project.
 TEST_F(ViewerProgram, TableFilesBecomePointAndLineSeriesAndARefreshReloadsTheProject) {
   const std::string table = m_folder.Write("holes.tab", "!table\r\n");
   const std::string pair = "400c:[c;0|8:\"" + m_folder.Path() + "/\",8:\"holes.tab\"]";
@@ -264,7 +265,13 @@ TEST_F(ViewerProgram, TableFilesBecomePointAndLineSeriesAndARefreshReloadsThePro
   const std::vector<std::string> lines = callsOf([&] { return LoadTabLines("Holes", table.c_str()); });
   EXPECT_THAT(lines, ::testing::Contains(
                          "TV.InterfaceCOM 52 flags=0 3:1 8:\"Holes as Lines\" 3:0 400c:[3;0|3:-1]"));
+
+  // The opened table is a project; both attachments end, the survey's first.
+  const std::vector<std::string> query = callsOf([] { return IsDrillHoleProjectOpen(); });
+  EXPECT_THAT(Members(query), ElementsAre("TV.InterfaceCOM 1", "TV.InterfaceSurveyCOM 1", "TV.InterfaceSurveyCOM 8",
+                                          "TV.InterfaceSurveyCOM 2", "TV.InterfaceCOM 2"));
   ShutdownTerravik3D();
+  EXPECT_EQ(IsDrillHoleProjectOpen(), 0);
 }
 
 TEST_F(ViewerProgram, ASavedStateKeepsTheCompositesInUseAndComesBackInANewViewer) {

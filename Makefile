@@ -77,7 +77,7 @@ test-sanitize: deps
 # copy of its seed corpus in $(FUZZ_BUILD)/corpus.
 FUZZ_BUILD   ?= build-fuzz
 FUZZ_SECONDS ?= 60
-FUZZ_TARGETS := preference_block ogb_reader workspace
+FUZZ_TARGETS := preference_block ogb_reader workspace pen_passes
 fuzz: deps
 	@command -v clang++ >/dev/null || DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends clang
 	CC=clang CXX=clang++ cmake -S . -B $(FUZZ_BUILD) -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo

@@ -9,6 +9,7 @@
 
 #include "formkit/formkit.h"
 #include "host/cartoma.h"
+#include "host/pen_file.h"
 #include "platform/automation/class_registry.h"
 #include "platform/automation/exceptions.h"
 #include "support/host/scripted_host.h"
@@ -279,6 +280,33 @@ TEST(PenFileTest, ThePenCountComesFromAPen2Header) {
     EXPECT_EQ(GetCartomaPenCount(folder.Write("a.pen", bytes).c_str()), count) << bytes.substr(0, 4);
   EXPECT_EQ(GetCartomaPenCount((folder.Path() + "/none.pen").c_str()), 0);
   EXPECT_EQ(GetCartomaPenCount(nullptr), 0);
+}
+
+// Pen files laid out as the host writes them: header, directory of record
+// offsets, records of passes, each a length byte and its program.
+TEST(PenFileTest, PassesAreReadOnlyFromInsideTheFile) {
+  ScopedFolder folder;
+  const std::string header("pen2\0\0\x02\0\x0c\0\x13\0", 12);  // two pens, at 12 and 19
+  const std::string good = header + std::string("\x02\0\0\x02\x02\x08\x00", 7) + std::string("\x01\0\0\x01\x16", 5);
+  const struct {
+    std::string bytes;
+    int index;
+    std::vector<std::string> passes;  // empty with result 0
+  } cases[] = {
+      {good, 0, {std::string("\x02\x08", 2), ""}},
+      {good, 1, {"\x16"}},
+      {good, 2, {}},                                                // the pen count or more
+      {good.substr(0, good.size() - 1), 1, {}},                     // a pass past the end
+      {header.substr(0, 10), 1, {}},                                // a directory entry past the end
+      {std::string("PEN2\0\0\x01\0\xff\x00", 10), 0, {}},       // a record past the end
+      {std::string("PEN1\0\0\x01\0\x0a\0\0\0\0", 13), 0, {}},  // another header
+  };
+  for (const auto& c : cases) {
+    std::vector<std::string> passes = {"left over"};
+    EXPECT_EQ(ReadPenPasses(folder.Write("a.pen", c.bytes), c.index, passes), c.passes.empty() ? 0 : 1)
+        << c.bytes.size() << " bytes, pen " << c.index;
+    EXPECT_EQ(passes, c.passes) << c.bytes.size() << " bytes, pen " << c.index;
+  }
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <memory>
@@ -55,8 +56,14 @@ bool SetCurrentFolder(std::string_view path) {
 std::optional<std::string> ReadHead(std::string_view path, std::size_t count) {
   std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(Native(path).c_str(), "rb"), std::fclose);
   if (!file) return std::nullopt;
-  std::string head(count, '\0');
-  head.resize(std::fread(head.data(), 1, count, file.get()));
+  // In blocks, so that a small file costs what it holds, not `count`.
+  std::string head;
+  char block[8192];
+  while (head.size() < count) {
+    const std::size_t read = std::fread(block, 1, std::min(sizeof block, count - head.size()), file.get());
+    head.append(block, read);
+    if (read == 0) break;
+  }
   return head;
 }
 

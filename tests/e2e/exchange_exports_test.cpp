@@ -6,7 +6,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <clocale>
 #include <ctime>
 #include <filesystem>
 #include <map>
@@ -47,25 +46,6 @@ int EntryOf(const HeadlessDialog& box, int id, const std::string& text) {
   return static_cast<int>(std::find(texts.begin(), texts.end(), text) - texts.begin());
 }
 
-// The user's locale writes a decimal comma, for the process and for what
-// the environment tells the dialog boxes.
-class CommaLocale {
- public:
-  CommaLocale() : m_name(CommaLocaleName()) {
-    if (m_name.empty()) return;
-    setenv("LC_ALL", m_name.c_str(), 1);
-    std::setlocale(LC_ALL, m_name.c_str());
-  }
-  ~CommaLocale() {
-    unsetenv("LC_ALL");
-    std::setlocale(LC_ALL, "C");
-  }
-  bool Missing() const { return m_name.empty(); }
-
- private:
-  std::string m_name;
-};
-
 class ExchangeOnEmulator : public HeadlessTest {
  protected:
   void SetUp() override {
@@ -97,7 +77,7 @@ const std::map<int, int> kNodesOfRow = {{1, 1}, {2, 1}, {3, 2},  {4, 5},  {5, 8}
                                         {7, 5}, {8, 5}, {9, 5}, {10, 5}, {12, 5}};
 
 TEST_F(ExchangeOnEmulator, DatamineWritesEveryObjectKindWithPointsAndACancelLeavesThePartialFile) {
-  const CommaLocale comma;
+  const ScopedCommaLocale comma;  // the user's locale writes a decimal comma
   if (comma.Missing()) GTEST_SKIP() << "no locale with a decimal comma";
   Open("objects", "Objects");
   using Box = CDatamineExportDlg;
@@ -155,7 +135,7 @@ TEST_F(ExchangeOnEmulator, DatamineWritesEveryObjectKindWithPointsAndACancelLeav
 }
 
 TEST_F(ExchangeOnEmulator, MineSightFlipsAfterTheTransformAndEndsEveryLineWithAComma) {
-  const CommaLocale comma;
+  const ScopedCommaLocale comma;  // the user's locale writes a decimal comma
   if (comma.Missing()) GTEST_SKIP() << "no locale with a decimal comma";
   Open("objects", "Objects");
   using Box = CMineSightExportDlg;

@@ -9,7 +9,6 @@
 #include <string>
 #include <tuple>
 
-#include "exchange/dxf_text.h"
 #include "exchange/tab_coordsys.h"
 #include "formkit/formkit.h"
 #include "frame/formkit_app.h"

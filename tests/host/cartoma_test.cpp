@@ -236,37 +236,25 @@ TEST_F(HostFilesTest, GridStyleAndControlPoints) {
   EXPECT_EQ(g_Cartoma.IsGridRasterTab("Gone"), 0);
 }
 
-class CopyMetadataTest : public SessionTest {
- protected:
-  ScopedFolder m_folder;
-  std::string m_source =
-      m_folder.Write("source.tab", "!table\nDefinition Table\nbegin_metadata\n\"\\Key\" = \"1\"\n\"\\Other\" = \"2\"\n");
-};
-
-TEST_F(CopyMetadataTest, TheTargetKeepsItsHeadAndTakesTheSourcesBlockUnderItsOwnMarker) {
-  const std::string target =
-      m_folder.Write("target.tab", "!table\r\nFields 2\r\nBEGIN_METADATA\r\n\"\\Old\" = \"x\"\r\n");
-  EXPECT_EQ(g_Cartoma.CopyTabMetadata(m_source, target), 1);
+TEST_F(HostFilesTest, TheTargetKeepsItsHeadAndTakesTheSourcesBlockAndAMissingFileChangesNothing) {
+  ScopedFolder folder;
+  const std::string source =
+      folder.Write("source.tab", "!table\nDefinition Table\nbegin_metadata\n\"\\Key\" = \"1\"\n\"\\Other\" = \"2\"\n");
+  const std::string before = "!table\r\nFields 2\r\nBEGIN_METADATA\r\n\"\\Old\" = \"x\"\r\n";
+  const std::string target = folder.Write("target.tab", before);
+  EXPECT_EQ(g_Cartoma.CopyTabMetadata(folder.Path() + "/none.tab", target), 0);
+  EXPECT_EQ(ReadFile(target), before);
+  EXPECT_EQ(g_Cartoma.CopyTabMetadata(source, folder.Path() + "/absent.tab"), 0);
+  EXPECT_EQ(g_Cartoma.CopyTabMetadata(source, target), 1);
   EXPECT_EQ(ReadFile(target), "!table\r\nFields 2\r\nBEGIN_METADATA\r\n\"\\Key\" = \"1\"\r\n\"\\Other\" = \"2\"\r\n");
-  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(m_folder.Path()), {}), 2) << "no temporary file left";
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 2) << "no file made or left";
 
   // A target without a block gets the marker in lower case.
-  const std::string plain = m_folder.Write("plain.tab", "!table\nFields 1\n");
-  EXPECT_EQ(g_Cartoma.CopyTabMetadata(m_source, plain), 1);
+  const std::string plain = folder.Write("plain.tab", "!table\nFields 1\n");
+  EXPECT_EQ(g_Cartoma.CopyTabMetadata(source, plain), 1);
   EXPECT_EQ(ReadFile(plain), "!table\r\nFields 1\r\nbegin_metadata\r\n\"\\Key\" = \"1\"\r\n\"\\Other\" = \"2\"\r\n");
-
-  const std::string noBlock = m_folder.Write("noblock.tab", "!table\n");
-  EXPECT_EQ(g_Cartoma.CopyTabMetadata(noBlock, plain), 1);
+  EXPECT_EQ(g_Cartoma.CopyTabMetadata(folder.Write("noblock.tab", "!table\n"), plain), 1);
   EXPECT_EQ(ReadFile(plain), "!table\r\nFields 1\r\nbegin_metadata\r\n") << "an empty block";
-}
-
-TEST_F(CopyMetadataTest, AMissingSourceOrTargetChangesNothing) {
-  const std::string target = m_folder.Write("keep.tab", "!table\nbegin_metadata\n\"\\Mine\" = \"1\"\n");
-  EXPECT_EQ(g_Cartoma.CopyTabMetadata(m_folder.Path() + "/none.tab", target), 0);
-  EXPECT_EQ(ReadFile(target), "!table\nbegin_metadata\n\"\\Mine\" = \"1\"\n");
-  EXPECT_EQ(g_Cartoma.CopyTabMetadata(m_source, m_folder.Path() + "/absent.tab"), 0);
-  EXPECT_FALSE(std::filesystem::exists(m_folder.Path() + "/absent.tab"));
-  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(m_folder.Path()), {}), 2);
 }
 
 TEST(PenFileTest, ThePenCountComesFromAPen2Header) {

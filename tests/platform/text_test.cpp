@@ -27,9 +27,8 @@
 using ::testing::Optional;
 
 TEST(FormatTest, NumbersIgnoreTheLocale) {
-  const std::string comma = CommaLocaleName();
-  if (comma.empty()) GTEST_SKIP() << "no locale with a decimal comma is installed or can be compiled";
-  ASSERT_NE(std::setlocale(LC_NUMERIC, comma.c_str()), nullptr);
+  const ScopedCommaLocale comma;
+  if (comma.Missing()) GTEST_SKIP() << "no locale with a decimal comma is installed or can be compiled";
   char check[16];
   std::snprintf(check, sizeof check, "%.1f", 1.5);
   ASSERT_STREQ(check, "1,5") << "the locale is in force";
@@ -45,7 +44,6 @@ TEST(FormatTest, NumbersIgnoreTheLocale) {
   EXPECT_EQ(fk::Variant::Double(0.5).ToText(), "0.5");
   EXPECT_EQ(fk::Variant::Text("3.25").ToDouble(), 3.25);
   EXPECT_EQ(fk::FormatMessageText("%1!.2f! %1", std::vector<fk::MessageArg>{2.5}), "2.50 2.5");
-  std::setlocale(LC_NUMERIC, "C");
 }
 
 TEST(NumberParseTest, ReadsNumbersLikeTheCRuntime) {

@@ -46,18 +46,8 @@ int EntryOf(const HeadlessDialog& box, int id, const std::string& text) {
   return static_cast<int>(std::find(texts.begin(), texts.end(), text) - texts.begin());
 }
 
-class ExchangeOnEmulator : public HeadlessTest {
+class ExchangeOnEmulator : public EmulatorSessionTest {
  protected:
-  void SetUp() override {
-    HeadlessTest::SetUp();
-    m_emulator.AddScript("terravik.cbx");
-    ASSERT_EQ(g_Cartoma.Connect(m_registration.Handle(), 1), 1);
-  }
-  void Open(const char* sample, const char* alias) {
-    const std::string path = CopySample(m_folder, sample);
-    ASSERT_TRUE(g_Cartoma.OpenTable(path.c_str(), alias, 0, 0)) << g_Cartoma.m_strLastError;
-  }
-  std::string Out(const std::string& name) const { return (fs::path(m_folder.Path()) / name).string(); }
   // The texts of the message boxes shown so far.
   std::vector<std::string> Messages() {
     std::vector<std::string> texts;
@@ -66,10 +56,6 @@ class ExchangeOnEmulator : public HeadlessTest {
     return texts;
   }
   int32_t Handle() { return m_registration.Handle(); }
-
-  ScopedFolder m_folder;
-  sim::Emulator m_emulator;
-  sim::CApiRegistration m_registration{sim::LinkedHostCApi(), m_emulator.Application()};
 };
 
 // The sample's rows: the node count of each object; row 11 has none.

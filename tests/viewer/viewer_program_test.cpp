@@ -103,22 +103,11 @@ class ViewerProgram : public HeadlessTest {
 };
 
 // The library loaded as a host loads it, connected to the host emulator.
-class LibraryWithHost {
- public:
+struct LibraryWithHost : LibraryWithEmulator {
   LibraryWithHost() {
     EXPECT_EQ(FORMKIT_EXPORT(library, InitFormkitInstance)("Terravik"), 1);
     EXPECT_EQ(FORMKIT_EXPORT(library, ConnectToCartoma)(registration.Handle()), 1);
   }
-  bool HostRan(const std::string& statement) const {
-    for (const sim::CallRecord& call : emulator.Calls())
-      if (call.text.find(statement) != std::string::npos) return true;
-    return false;
-  }
-
-  FormkitLibrary library;
-  sim::HostCApi api = HostCApiOf(library);
-  sim::Emulator emulator;
-  sim::CApiRegistration registration{api, emulator.Application()};
 };
 
 // A DXF file of one line, as small as a reader takes it.

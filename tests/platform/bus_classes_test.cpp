@@ -234,12 +234,7 @@ TEST_F(BusTest, ValuesAndReferencesKeepTheirTypeWordsAndFailuresTheirKind) {
   EXPECT_EQ(Describe(slot), "2000[3@0: 0003:4 0003:5]");
   EXPECT_EQ(Describe(args[2]), "0003:1");
 
-  try {
-    Call(remote, kRaise);
-    ADD_FAILURE() << "no exception";
-  } catch (const fk::DispatchException& e) {
-    EXPECT_EQ(e.Description(), "The probe says no");
-  }
+  EXPECT_THAT([&] { Call(remote, kRaise); }, ::testing::ThrowsMessage<fk::DispatchException>("The probe says no"));
   EXPECT_THAT([&] { Call(remote, 99); },
               ::testing::ThrowsMessage<fk::OleException>(HasSubstr("The probe has no member 99.")));
 

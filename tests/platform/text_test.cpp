@@ -24,6 +24,7 @@
 #include "support/comma_locale.h"
 #include "support/session_fixture.h"
 
+using ::testing::ElementsAre;
 using ::testing::Optional;
 
 TEST(FormatTest, NumbersIgnoreTheLocale) {
@@ -47,15 +48,12 @@ TEST(FormatTest, NumbersIgnoreTheLocale) {
 }
 
 TEST(NumberParseTest, ReadsNumbersLikeTheCRuntime) {
-  EXPECT_EQ(fk::Atoi(" \t\n-17"), -17);
-  EXPECT_EQ(fk::Atoi("12abc"), 12);
-  EXPECT_EQ(fk::Atoi("abc"), 0);
-  EXPECT_EQ(fk::Atoi("99999999999"), INT32_MAX);
-  EXPECT_EQ(fk::Atol("-99999999999999999999999"), INT32_MIN);
-  EXPECT_EQ(fk::Atoi(std::string_view("12345").substr(0, 2)), 12) << "only the text given is read";
-  EXPECT_EQ(fk::Atof("  1.5e3xyz"), 1500.0);
-  EXPECT_EQ(fk::Atof("abc"), 0.0);
-  EXPECT_EQ(fk::Atof(std::string_view("1.2345").substr(0, 3)), 1.2);
+  EXPECT_THAT((std::vector{fk::Atoi(" \t\n-17"), fk::Atoi("12abc"), fk::Atoi("abc"), fk::Atoi("99999999999"),
+                           fk::Atol("-99999999999999999999999"), fk::Atoi(std::string_view("12345").substr(0, 2))}),
+              ElementsAre(-17, 12, 0, INT32_MAX, INT32_MIN, 12))
+      << "the last reads only the text given";
+  EXPECT_THAT((std::vector{fk::Atof("  1.5e3xyz"), fk::Atof("abc"), fk::Atof(std::string_view("1.2345").substr(0, 3))}),
+              ElementsAre(1500.0, 0.0, 1.2));
   EXPECT_THAT(fk::ParseWholeNumber("\t-3.5  "), Optional(-3.5));
   for (const char* notOne : {"", "   ", "12abc", "1 2", "abc", "1,5", "nan", "inf", "Infinity", "0x10"})
     EXPECT_EQ(fk::ParseWholeNumber(notOne), std::nullopt) << '"' << notOne << '"';
@@ -115,18 +113,12 @@ TEST(TextFileTest, GetsReadsLikeFgetsOnATextModeFile) {
 
   fk::TextReader reader;
   ASSERT_TRUE(reader.Open(path));
-  EXPECT_EQ(reader.Gets(200), "first\n");
-  EXPECT_EQ(reader.Gets(200), "second\n");
-  EXPECT_EQ(reader.Gets(200), "lone\rcr\n");
-  EXPECT_EQ(reader.Gets(200), "\n");
-  EXPECT_EQ(reader.Gets(200), std::string(199, 'x'));
-  EXPECT_EQ(reader.Gets(200), std::string(51, 'x') + "\n");
-  EXPECT_EQ(reader.Gets(200), std::string(198, 'y') + "\n");
-  EXPECT_EQ(reader.Gets(200), std::string(199, 'z'));
-  EXPECT_EQ(reader.Gets(200), "\n");
-  EXPECT_EQ(reader.Gets(200), "last\r");
-  EXPECT_EQ(reader.Gets(200), std::nullopt);
-  EXPECT_EQ(reader.Gets(200), std::nullopt);
+  std::vector<std::string> lines;
+  while (const auto line = reader.Gets(200)) lines.push_back(*line);
+  EXPECT_THAT(lines, ElementsAre("first\n", "second\n", "lone\rcr\n", "\n", std::string(199, 'x'),
+                                 std::string(51, 'x') + "\n", std::string(198, 'y') + "\n", std::string(199, 'z'), "\n",
+                                 "last\r"));
+  EXPECT_EQ(reader.Gets(200), std::nullopt) << "the end stays the end";
   EXPECT_FALSE(reader.Open(folder.Path() + "/none.txt"));
 }
 
@@ -211,12 +203,10 @@ fk::OleDate Date(int year, int month, int day, int hour = 0, int minute = 0, int
 }
 
 TEST(OleDateTest, DaysCountFromTheEndOf1899AndFoldBeforeIt) {
-  EXPECT_DOUBLE_EQ(Date(1899, 12, 30), 0.0);
-  EXPECT_DOUBLE_EQ(Date(1900, 1, 1), 2.0);
-  EXPECT_DOUBLE_EQ(Date(2000, 1, 1, 18), 36526.75);
-  EXPECT_DOUBLE_EQ(Date(1899, 12, 29, 6), -1.25) << "the fraction still counts forward";
-  EXPECT_DOUBLE_EQ(fk::OleDateToLinear(-1.25), -0.75);
-  EXPECT_DOUBLE_EQ(fk::OleDateToLinear(36526.75), 36526.75);
+  // Before the end of 1899 the fraction still counts forward.
+  EXPECT_THAT((std::vector{Date(1899, 12, 30), Date(1900, 1, 1), Date(2000, 1, 1, 18), Date(1899, 12, 29, 6),
+                           fk::OleDateToLinear(-1.25), fk::OleDateToLinear(36526.75)}),
+              ElementsAre(0.0, 2.0, 36526.75, -1.25, -0.75, 36526.75));
 
   const auto parts = fk::PartsFromOleDate(-1.25);
   ASSERT_TRUE(parts);

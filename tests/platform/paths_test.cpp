@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <stdlib.h>
 #include <string>
 
 #include "platform/inifile/inifile.h"

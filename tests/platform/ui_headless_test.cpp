@@ -8,27 +8,17 @@
 
 #include "platform/ui/dialog_template.h"
 #include "platform/ui/headless/headless_ui.h"
+#include "platform/ui/probe_dialog.h"
 #include "support/session_fixture.h"
 
 using ::testing::ElementsAre;
 
 namespace {
 
-// A dialog box over the field selection template, with code under test.
-class ProbeDialog : public fk::ui::DialogController {
- public:
-  ProbeDialog() : fk::ui::DialogController(1003) {}
-  std::function<void(fk::ui::DialogView&)> onInit;
-  bool OnInitDialog() override {
-    if (onInit) onInit(View());
-    return true;
-  }
-};
-
 using HeadlessUiTest = HeadlessTest;
 
 TEST_F(HeadlessUiTest, UnknownOrMisusedControlsAndBoxesOutOfOrderAreFaults) {
-  ProbeDialog dialog;
+  ProbeDialog dialog(1003);  // over the field selection template
   dialog.onInit = [](fk::ui::DialogView& view) { view.SetText(1099, "x"); };
   EXPECT_THROW(dialog.DoModal(), std::logic_error);
   dialog.onInit = [](fk::ui::DialogView& view) { view.ListAdd(1030, "x"); };
@@ -42,7 +32,7 @@ TEST_F(HeadlessUiTest, UnknownOrMisusedControlsAndBoxesOutOfOrderAreFaults) {
 }
 
 TEST_F(HeadlessUiTest, TheUserCanOnlyUseWhatIsShownAndEnabled) {
-  ProbeDialog dialog;
+  ProbeDialog dialog(1003);
   dialog.onInit = [](fk::ui::DialogView& view) {
     view.Enable(1030, false);
     view.Show(1031, false);

@@ -33,6 +33,12 @@ std::string ScopedFolder::Write(const std::string& name, const std::string& cont
   return path.string();
 }
 
+std::string ScopedFolder::WriteProgram(const std::string& name, const std::string& script) const {
+  const std::string path = Write(name, "#!/bin/sh\n" + script);
+  std::filesystem::permissions(path, std::filesystem::perms::owner_all);
+  return path;
+}
+
 ScopedVariable::ScopedVariable(const char* name, const std::string& value) : m_name(name) {
   if (const char* previous = std::getenv(name)) m_previous = previous;
   setenv(name, value.c_str(), 1);

@@ -19,6 +19,8 @@ class ScopedFolder {
   const std::string& Path() const { return m_path; }
   // Writes `content` to the file `name` in the folder; returns its path.
   std::string Write(const std::string& name, const std::string& content) const;
+  // Writes the shell script `script` as the program `name`; returns its path.
+  std::string WriteProgram(const std::string& name, const std::string& script) const;
 
  private:
   std::string m_path;

@@ -1,7 +1,6 @@
 // Process queries by name: a case-blind substring of each program's full
 // path, so that a folder's name matches as well as the file's.
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <cctype>
 #include <filesystem>

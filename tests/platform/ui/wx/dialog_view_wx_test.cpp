@@ -20,7 +20,7 @@
 #include <thread>
 
 #include "dialogs_met.h"
-#include "probe_dialog.h"
+#include "platform/ui/probe_dialog.h"
 #include "toolkit_test.h"
 #include "toolkit_user.h"
 

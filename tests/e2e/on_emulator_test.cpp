@@ -98,24 +98,24 @@ TEST_F(LibraryOnEmulator, ScriptsAnswerVariablesQueriesAndCommands) {
   auto variable = FORMKIT_EXPORT(m_library, GetCBXVariable);
   auto query = FORMKIT_EXPORT(m_library, GetDDEQuery);
   auto command = FORMKIT_EXPORT(m_library, DoDDECommand);
-  EXPECT_EQ(std::string(variable(m_handle, "terravik.cbx", "TerviDir")), "/opt/terravik");
-  EXPECT_EQ(std::string(variable(m_handle, "terravik.cbx", "NoSuchVariable")), "");
-  EXPECT_EQ(std::string(variable(m_handle, "zelvar.cbx", "TerviDir")), "") << "a script that doesn't run";
+  EXPECT_STREQ(variable(m_handle, "terravik.cbx", "TerviDir"), "/opt/terravik");
+  EXPECT_STREQ(variable(m_handle, "terravik.cbx", "NoSuchVariable"), "");
+  EXPECT_STREQ(variable(m_handle, "zelvar.cbx", "TerviDir"), "") << "a script that doesn't run";
 
   m_emulator.QueueProjection("8, 104, \"m\", 147, 0, 0.9996, 500000, 10000000", "UTM zone 55 South");
-  EXPECT_EQ(std::string(query(m_handle, "terravik.cbx", "PROJECTION SELECTION")),
-            "8, 104, \"m\", 147, 0, 0.9996, 500000, 10000000");
-  EXPECT_EQ(std::string(query(m_handle, "terravik.cbx", "LAST PROJECTION NICENAME")), "UTM zone 55 South");
-  EXPECT_EQ(std::string(query(m_handle, "terravik.cbx", "PROJECTION SELECTION")), "") << "nothing picked: cancelled";
+  EXPECT_STREQ(query(m_handle, "terravik.cbx", "PROJECTION SELECTION"),
+               "8, 104, \"m\", 147, 0, 0.9996, 500000, 10000000");
+  EXPECT_STREQ(query(m_handle, "terravik.cbx", "LAST PROJECTION NICENAME"), "UTM zone 55 South");
+  EXPECT_STREQ(query(m_handle, "terravik.cbx", "PROJECTION SELECTION"), "") << "nothing picked: cancelled";
 
-  EXPECT_EQ(std::string(variable(0, "terravik.cbx", "TerviDir")), "") << "no host, no script";
+  EXPECT_STREQ(variable(0, "terravik.cbx", "TerviDir"), "") << "no host, no script";
   const char* kept = variable(m_handle, "terravik.cbx", "TerviDir");
   query(m_handle, "terravik.cbx", "LAST PROJECTION NICENAME");
   EXPECT_STREQ(kept, "/opt/terravik") << "a returned text stays until the same export is called again";
 
   EXPECT_EQ(command(m_handle, "absent.cbx", "Go"), 0);
   EXPECT_EQ(command(m_handle, "utilities.cbx", "TerviDir = \"/srv/tv\""), 1);
-  EXPECT_EQ(std::string(variable(m_handle, "utilities.cbx", "TerviDir")), "/srv/tv");
+  EXPECT_STREQ(variable(m_handle, "utilities.cbx", "TerviDir"), "/srv/tv");
   EXPECT_EQ(command(m_handle, "absent.cbx", "Go"), 1) << "once a command reached a script, 1 for good";
   EXPECT_EQ(command(0, "absent.cbx", "Go"), 1);
 }

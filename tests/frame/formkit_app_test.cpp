@@ -1,6 +1,7 @@
 // The application object: the product name, the eight settings and where
 // they are read from, and the profile switch that follows the product
 // script found in the host.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -12,6 +13,8 @@
 #include "support/formkit_library.h"
 #include "support/host/scripted_host.h"
 #include "support/session_fixture.h"
+
+using ::testing::ElementsAre;
 
 namespace {
 
@@ -55,15 +58,10 @@ TEST_F(FormkitAppTest, ModuleStartReadsTheSharedProfileUnderOrvex) {
   fk::Registry::SetString(kUser, shared, "UseNameAlias", "1");  // not a number value: ignored
 
   theApp.InitInstance();
-  EXPECT_EQ(theApp.RegistryKey(), "Orvex");
-  EXPECT_EQ(theApp.ProfileName(), "Shared");
-  EXPECT_EQ(theApp.m_strGroupKey, "group-1");
-  EXPECT_EQ(theApp.m_strDXFSelectionFile, "/data/sel.dxf");
-  EXPECT_EQ(theApp.m_bShowHelp, 1);
-  EXPECT_EQ(theApp.m_bProjMapping, 1);
-  EXPECT_EQ(theApp.m_strPreferredProj, "CoordSys Earth Projection 1, 104");
-  EXPECT_EQ(theApp.m_bUseNameAlias, 0);
-  EXPECT_EQ(theApp.m_strAliasKey, "");
+  EXPECT_EQ(theApp.RegistryKey() + "|" + theApp.ProfileName() + "|" + theApp.m_strGroupKey + "|" +
+                theApp.m_strDXFSelectionFile + "|" + theApp.m_strPreferredProj + "|" + theApp.m_strAliasKey,
+            "Orvex|Shared|group-1|/data/sel.dxf|CoordSys Earth Projection 1, 104|");
+  EXPECT_THAT((std::vector{theApp.m_bShowHelp, theApp.m_bProjMapping, theApp.m_bUseNameAlias}), ElementsAre(1, 1, 0));
 }
 
 TEST_F(FormkitAppTest, ConnectingFindsTheProductAndReloadsFromItsKeyKeepingWhatOnlySharedHad) {

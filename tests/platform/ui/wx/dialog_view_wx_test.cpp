@@ -202,14 +202,6 @@ class PropertySheetWxTest : public ToolkitTest {
 
 wxBookCtrlBase& Book(wxDialog& sheet) { return *dynamic_cast<wxPropertySheetDialog&>(sheet).GetBookCtrl(); }
 
-void PressSheet(wxDialog& sheet, int id) {
-  wxCommandEvent event(wxEVT_BUTTON, id);
-  wxWindow* button = sheet.FindWindow(id);
-  ASSERT_NE(button, nullptr);
-  event.SetEventObject(button);
-  button->HandleWindowEvent(event);
-}
-
 TEST_F(PropertySheetWxTest, PagesWorkForTheirOwnCodeAndOKCancelAndTheCloseBoxAskEveryPage) {
   m_first.onInit = [](fk::ui::DialogView& view) { view.ListAdd(1201, "HoleID"); };
   m_first.onButton = [](fk::ui::DialogView& view, fk::ui::Prompter&, int) { view.ListAdd(1201, "Depth"); };
@@ -225,10 +217,10 @@ TEST_F(PropertySheetWxTest, PagesWorkForTheirOwnCodeAndOKCancelAndTheCloseBoxAsk
     user::Press(sheet, 1202);
     EXPECT_THAT(user::Entries(sheet, 1201), ElementsAre("HoleID", "Depth"));
     user::Screenshot(sheet, "property-sheet");
-    PressSheet(sheet, wxID_OK);
+    user::PressButton(*sheet.FindWindow(wxID_OK));
     EXPECT_TRUE(sheet.IsModal()) << "the second page refused";
     EXPECT_EQ(Book(sheet).GetSelection(), 1) << "the page that refused is shown";
-    PressSheet(sheet, wxID_OK);
+    user::PressButton(*sheet.FindWindow(wxID_OK));
   });
   EXPECT_EQ(Run(), fk::ui::IDOK);
   EXPECT_THAT(m_first.calls, ElementsAre("init", "button 1202", "ok", "ok"));

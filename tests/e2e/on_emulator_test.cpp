@@ -211,20 +211,6 @@ TEST_F(SessionOnEmulator, CommittingUnderAnotherClauseReprojectsAsProjDoes) {
   EXPECT_FALSE(std::filesystem::exists(Out("plane.tab")));
 }
 
-TEST_F(SessionOnEmulator, TransformPointConvertsThroughTheHostsCurrentSystem) {
-  double x = 0, y = 0;
-  ASSERT_EQ(g_Cartoma.TransformPoint(kMga55, 255120, 5925210, "Earth Projection 1, 104", x, y), 1)
-      << g_Cartoma.m_strLastError;
-  const auto [lon, lat] = ProjTransform("EPSG:28355", "EPSG:4326", 255120, 5925210);
-  EXPECT_NEAR(x, lon, 1e-9);
-  EXPECT_NEAR(y, lat, 1e-9);
-  // The clause with the keyword goes upper-cased, and still reads. The way
-  // back starts from degrees written with six decimals, about 0.1 m.
-  ASSERT_EQ(g_Cartoma.TransformPoint("CoordSys Earth Projection 1, 104", lon, lat, kMga55, x, y), 1);
-  EXPECT_NEAR(x, 255120, 0.1);
-  EXPECT_NEAR(y, 5925210, 0.1);
-}
-
 TEST_F(SessionOnEmulator, ObjectsOfEveryKindGiveTheirNodesAsTheLibraryReadsThem) {
   Open("objects", "Objects");
   std::vector<double> xs, ys;

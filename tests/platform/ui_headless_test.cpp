@@ -1,7 +1,6 @@
 // The headless backend holds dialog boxes to their templates: a control the
 // template lacks, a control used as what it is not, or a button the user
 // couldn't press is a fault of the dialog box's code.
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <stdexcept>
@@ -10,8 +9,6 @@
 #include "platform/ui/headless/headless_ui.h"
 #include "platform/ui/probe_dialog.h"
 #include "support/session_fixture.h"
-
-using ::testing::ElementsAre;
 
 namespace {
 
@@ -41,17 +38,6 @@ TEST_F(HeadlessUiTest, TheUserCanOnlyUseWhatIsShownAndEnabled) {
   m_ui.OnDialog(1003, [](fk::ui::HeadlessDialog& user) { EXPECT_THROW(user.Press(1031), std::logic_error); });
   m_ui.OnDialog(1003, [](fk::ui::HeadlessDialog& user) { EXPECT_THROW(user.Press(1027), std::logic_error); });
   for (int i = 0; i < 3; ++i) EXPECT_EQ(dialog.DoModal(), fk::ui::IDCANCEL);
-}
-
-TEST_F(HeadlessUiTest, PromptsAnswerFromTheQueueAndAreRecorded) {
-  fk::ui::Prompter& prompter = m_ui.GetPrompter();
-  m_ui.Prompts().AnswerMessage(fk::ui::IDNO);
-  EXPECT_EQ(prompter.MessageBox("Overwrite?", fk::ui::MB_YESNO | fk::ui::MB_ICONQUESTION), fk::ui::IDNO);
-  EXPECT_EQ(prompter.MessageBox("Again?", fk::ui::MB_YESNO), fk::ui::IDYES) << "nothing queued: the first button";
-  EXPECT_EQ(prompter.MessageBox("Done.", fk::ui::MB_OK), fk::ui::IDOK);
-  EXPECT_FALSE(prompter.BrowseFolder("Folder", "/tmp").has_value());
-  ASSERT_EQ(m_ui.Prompts().Shown().size(), 4u);
-  EXPECT_EQ(m_ui.Prompts().Shown()[0].type, 0x24u);
 }
 
 }  // namespace

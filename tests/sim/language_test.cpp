@@ -1,4 +1,4 @@
-// The statement language: tokens, coordinate clauses (what the host writes
+// The statement language: coordinate clauses (what the host writes
 // back, the names it shows, what PROJ is given) and style texts; every form
 // the library sends parses to its kind of statement over the right table or
 // variable, forms no test sends parse too, and what is not in the grammar is
@@ -11,7 +11,6 @@
 #include "sim/host/expression_parser.h"
 #include "sim/host/statements.h"
 #include "sim/host/styles.h"
-#include "sim/host/tokenizer.h"
 
 using sim::CoordSys;
 using sim::ParseCoordSysText;
@@ -77,18 +76,6 @@ TEST(Styles, TextsReadBackAndColoursSitWhereTheLibraryLooks) {
   EXPECT_THROW(sim::ParseStyleText("Symbol (\"Arial\",1,2)"), sim::HostError);
   EXPECT_THROW(sim::ParseStyleText("Shade (1,2,3)"), sim::HostError);
   EXPECT_THROW(sim::ParseStyleText("Pen (1,2,3"), sim::HostError);
-}
-
-TEST(Tokens, NumbersTextsAndNames) {
-  const auto tokens = sim::Tokenize("PathToTableName$(\"a \"\"b\"\"\") <= -1.5e3 .25 x_1");
-  ASSERT_EQ(tokens.size(), 10u);
-  EXPECT_EQ(tokens[0].text, "PathToTableName$");
-  EXPECT_EQ(tokens[2].text, "a \"b\"");
-  EXPECT_EQ(tokens[4].text, "<=");
-  EXPECT_EQ(tokens[6].number, 1500);
-  EXPECT_EQ(tokens[7].number, 0.25);
-  EXPECT_EQ(tokens[8].text, "x_1");
-  EXPECT_THROW(sim::Tokenize("a # b"), sim::SyntaxError);
 }
 
 // The position of a kind of statement in the statement variant.

@@ -171,9 +171,9 @@ TEST_F(ViewerProgram, AViewerStartedByHandUnderTheOtherNameLeavesMinusOne) {
 
   FormkitLibrary library;
   ASSERT_EQ(FORMKIT_EXPORT(library, InitFormkitInstance)("Terravik"), 1);
-  EXPECT_EQ(FORMKIT_EXPORT(library, ExecuteTerravik3D)(), -1);
-  EXPECT_EQ(FORMKIT_EXPORT(library, GetTvik3DProcessID)(), -1);
-  EXPECT_EQ(FORMKIT_EXPORT(library, IsTvik3DRunning)(), 1);
+  EXPECT_THAT((std::vector{FORMKIT_EXPORT(library, ExecuteTerravik3D)(), FORMKIT_EXPORT(library, GetTvik3DProcessID)(),
+                           FORMKIT_EXPORT(library, IsTvik3DRunning)()}),
+              ElementsAre(-1, -1, 1));
   EXPECT_THAT(SimulatorProcesses(), ElementsAre(pid)) << "nothing else was started";
   EXPECT_EQ(FORMKIT_EXPORT(library, ShutdownTerravik3D)(), 1);
   int status = 0;
@@ -272,11 +272,10 @@ TEST_F(ViewerProgram, LogFilesJoinTheFirstFoldersLogAndRefreshPassesThroughTheSc
                           "TV.InterfaceCOM 2", "TV.InterfaceCOM 1", "TV.InterfaceCOM 39", "TV.InterfaceCOM 2",
                           "TV.InterfaceCOM 1", "TV.InterfaceCOM 53", "TV.InterfaceCOM 77", "TV.InterfaceCOM 54",
                           "TV.InterfaceCOM 2"));
-  EXPECT_THAT(calls[before + 2], HasSubstr(" 8:\"\"")) << "the log is taken away first";
-  EXPECT_THAT(calls[before + 3], HasSubstr(log));
-  EXPECT_THAT(calls[before + 9], HasSubstr(scratch));
-  EXPECT_THAT(calls[before + 10], HasSubstr(" 3:32771"));
-  EXPECT_THAT(calls[before + 11], HasSubstr(scratch));
+  // The log is taken away first; the refresh goes through the scratch session file.
+  for (const auto& [at, part] :
+       {std::pair{2, std::string(" 8:\"\"")}, {3, log}, {9, scratch}, {10, " 3:32771"}, {11, scratch}})
+    EXPECT_THAT(calls[before + at], HasSubstr(part)) << at;
   EXPECT_EQ(FORMKIT_EXPORT(host.library, ShutdownTerravik3D)(), 1);
 }
 

@@ -37,18 +37,7 @@ class FormkitAppTest : public SessionTest {
   }
 };
 
-TEST_F(FormkitAppTest, TheProductNameSelectsTheVariantIgnoringCase) {
-  EXPECT_EQ(InitFormkitInstance("ZELVAR"), 1);
-  EXPECT_EQ(g_Cartoma.m_nProductVariant, 1);
-  EXPECT_EQ(InitFormkitInstance("Terravik3D"), 1) << "an unknown name is no error";
-  EXPECT_EQ(g_Cartoma.m_nProductVariant, 1);
-  EXPECT_EQ(theApp.m_strProduct, "Terravik3D");
-  EXPECT_EQ(InitFormkitInstance(nullptr), 1);
-  EXPECT_EQ(SetInstallationID("site-7"), 1);
-  EXPECT_EQ(theApp.m_strInstallationID, "site-7");
-}
-
-TEST_F(FormkitAppTest, ModuleStartReadsTheSharedProfileUnderOrvex) {
+TEST_F(FormkitAppTest, ModuleStartReadsTheSharedProfileAndTheProductNameSelectsTheVariant) {
   const char* shared = "Software\\Orvex\\Shared\\Setup";
   fk::Registry::SetString(kUser, shared, "GroupKey", "group-1");
   fk::Registry::SetString(kUser, shared, "dxfselectionfile", "/data/sel.dxf");
@@ -62,6 +51,16 @@ TEST_F(FormkitAppTest, ModuleStartReadsTheSharedProfileUnderOrvex) {
                 theApp.m_strDXFSelectionFile + "|" + theApp.m_strPreferredProj + "|" + theApp.m_strAliasKey,
             "Orvex|Shared|group-1|/data/sel.dxf|CoordSys Earth Projection 1, 104|");
   EXPECT_THAT((std::vector{theApp.m_bShowHelp, theApp.m_bProjMapping, theApp.m_bUseNameAlias}), ElementsAre(1, 1, 0));
+
+  // The product name selects the variant, ignoring case.
+  EXPECT_EQ(InitFormkitInstance("ZELVAR"), 1);
+  EXPECT_EQ(g_Cartoma.m_nProductVariant, 1);
+  EXPECT_EQ(InitFormkitInstance("Terravik3D"), 1) << "an unknown name is no error";
+  EXPECT_EQ(g_Cartoma.m_nProductVariant, 1);
+  EXPECT_EQ(theApp.m_strProduct, "Terravik3D");
+  EXPECT_EQ(InitFormkitInstance(nullptr), 1);
+  EXPECT_EQ(SetInstallationID("site-7"), 1);
+  EXPECT_EQ(theApp.m_strInstallationID, "site-7");
 }
 
 TEST_F(FormkitAppTest, ConnectingFindsTheProductAndReloadsFromItsKeyKeepingWhatOnlySharedHad) {

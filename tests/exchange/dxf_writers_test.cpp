@@ -166,7 +166,7 @@ class DXFSelectionTest : public ::testing::Test {
   std::string m_path = m_folder.Path() + "/Selection.dxf";
 };
 
-TEST_F(DXFSelectionTest, TheFixedHeaderThenTheFacesAtTwoDecimals) {
+TEST_F(DXFSelectionTest, TheFixedHeaderThenTheFacesAtTwoDecimalsAndANullNameKeepsTheName) {
   EXPECT_EQ(WriteBoxes({}, 1), OnDisk(kHeader + kTail));
 
   const std::string text = WriteBoxes({{200000.004, 10, -5, 4, 2, 6, 90, 0}}, 7);
@@ -179,9 +179,8 @@ TEST_F(DXFSelectionTest, TheFixedHeaderThenTheFacesAtTwoDecimals) {
                              " 13\n199998.00\n 23\n11.00\n 33\n-2.00\n")),
             std::string::npos)
       << "the first face of a standing box, beyond the fixed extents; the fourth point repeats the first";
-}
 
-TEST_F(DXFSelectionTest, ANullFileNameKeepsTheNameAndAnUnopenedFileClosesQuietly) {
+  // A null file name keeps the name; an unopened file closes quietly.
   CDXFSelection selection;
   selection.SetFileName(m_path.c_str());
   EXPECT_EQ(selection.SetFileName(nullptr), 1);

@@ -41,7 +41,7 @@ class AppSettingsTest : public SessionTest {
   int m_lastResult = -1;
 };
 
-TEST_F(AppSettingsTest, TheUsersFileWinsOverTheGivenFile) {
+TEST_F(AppSettingsTest, TheUsersFileWinsOverTheGivenFileAndTheProductAndInstallationPickIt) {
   EXPECT_EQ(Get("Grid", "CellSize"), "25");
   EXPECT_EQ(m_lastResult, 1);
 
@@ -57,9 +57,8 @@ TEST_F(AppSettingsTest, TheUsersFileWinsOverTheGivenFile) {
   EXPECT_EQ(Get("Grid", "Colour"), "Red") << "an empty value is no value";
   ASSERT_EQ(SetAppSetting("Grid", "Note", std::string(1500, 'x').c_str(), m_given.c_str()), 1);
   EXPECT_EQ(Get("Grid", "Note"), std::string(1023, 'x')) << "a long value is cut to the read limit";
-}
 
-TEST_F(AppSettingsTest, TheProductAndTheInstallationPickTheUsersFolder) {
+  // The product and the installation pick the user's folder.
   ASSERT_EQ(SetAppSetting("Grid", "CellSize", "10", m_given.c_str()), 1);
   theApp.m_strInstallationID = "site-7";
   EXPECT_EQ(Get("Grid", "CellSize"), "25") << "values saved before are no longer seen";

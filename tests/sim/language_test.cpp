@@ -1,4 +1,4 @@
-// The statement language: coordinate clauses (what the host writes
+// The statement language: tokens, coordinate clauses (what the host writes
 // back, the names it shows, what PROJ is given) and style texts; every form
 // the library sends parses to its kind of statement over the right table or
 // variable, forms no test sends parse too, and what is not in the grammar is
@@ -11,6 +11,7 @@
 #include "sim/host/expression_parser.h"
 #include "sim/host/statements.h"
 #include "sim/host/styles.h"
+#include "sim/host/tokenizer.h"
 
 using sim::CoordSys;
 using sim::ParseCoordSysText;
@@ -76,6 +77,18 @@ TEST(Styles, TextsReadBackAndColoursSitWhereTheLibraryLooks) {
   EXPECT_THROW(sim::ParseStyleText("Symbol (\"Arial\",1,2)"), sim::HostError);
   EXPECT_THROW(sim::ParseStyleText("Shade (1,2,3)"), sim::HostError);
   EXPECT_THROW(sim::ParseStyleText("Pen (1,2,3"), sim::HostError);
+}
+
+TEST(Tokens, NumbersTextsAndNames) {
+  const auto tokens = sim::Tokenize("PathToTableName$(\"a \"\"b\"\"\") <= -1.5e3 .25 x_1");
+  ASSERT_EQ(tokens.size(), 10u);
+  EXPECT_EQ(tokens[0].text, "PathToTableName$");
+  EXPECT_EQ(tokens[2].text, "a \"b\"");
+  EXPECT_EQ(tokens[4].text, "<=");
+  EXPECT_EQ(tokens[6].number, 1500);
+  EXPECT_EQ(tokens[7].number, 0.25);
+  EXPECT_EQ(tokens[8].text, "x_1");
+  EXPECT_THROW(sim::Tokenize("a # b"), sim::SyntaxError);
 }
 
 // The position of a kind of statement in the statement variant.
@@ -163,11 +176,25 @@ TEST(Grammar, EveryStatementFormParsesToItsKindAndSubject) {
       {"Save Workspace As \"/tmp/w.wor\"", KindOf<SaveWorkspaceStmt>(), ""},
       {"Metadata Table Holes SetKey \"\\Terravik\\xsects\\type\" To \"Section\"", KindOf<MetadataStmt>(), "Holes"},
       {"Set ProgressBars Off", KindOf<SetProgressBarsStmt>(), ""},
-      // Beyond the library's texts, and not run by the interpreter's tests.
+      // Beyond the library's texts.
+      {"select HoleID, Depth * 2 As Twice from Holes, Collars where Holes.HoleID = Collars.HoleID and not Depth < 3 "
+       "order by Twice desc",
+       KindOf<SelectStmt>(), ""},
+      {"Insert Into Copy (A, B) Select COL1, COL2 From Holes Where RowID In (1, 2, 3)", KindOf<InsertStmt>(), "Copy"},
       {"Delete From Holes Where Grade <> 0 Or UCase$(HoleID) = \"X\"", KindOf<DeleteStmt>(), "Holes"},
+      {"Create Region Into Variable r 2 4 (0,0) (10,0) (10,10) (0,10) 3 (2,2) (4,2) (3,4) Pen MakePen(2,2,255)",
+       KindOf<CreateObjectStmt>(), "r"},
       {"Create Pline Into Variable l Multiple 2 2 (0,0) (1,1) 3 (2,2) (3,3) (4,2)", KindOf<CreateObjectStmt>(), "l"},
+      {"Create Text Into Variable t \"Label\" (0,0) (10,2) Font MakeFont(\"Arial\",1,255,12)",
+       KindOf<CreateObjectStmt>(), "t"},
+      {"Create Arc Into Variable a (0,0) (4,4) 0 90", KindOf<CreateObjectStmt>(), "a"},
       {"Fetch Next From Holes", KindOf<FetchStmt>(), "Holes"},
+      {"Map From Holes, Collars", KindOf<MapFromStmt>(), "Holes"},
+      {"Set Map Window FrontWindow() Layer 1 Editable On", KindOf<SetMapLayerStmt>(), ""},
+      {"Alter Table Holes (Add A Char (10), B Decimal (8, 2) Drop Grade Rename Depth DepthTo)",
+       KindOf<AlterTableStmt>(), "Holes"},
       {"Metadata Table Holes DropKey \"\\Terravik\\x\"", KindOf<MetadataStmt>(), "Holes"},
+      {"Close All", KindOf<CloseTableStmt>(), ""},
       {"Set Window FrontWindow() Printer Default Name \"Plotter\" Orientation Portrait Copies 1 Papersize 9",
        KindOf<SetWindowPrinterStmt>(), ""},
   };

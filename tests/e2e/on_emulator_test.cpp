@@ -10,8 +10,8 @@
 #include <proj.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <filesystem>
-#include <fstream>
 
 #include "formkit/formkit.h"
 #include "host/cartoma.h"
@@ -27,48 +27,38 @@ class LibraryOnEmulator : public ::testing::Test {
   void SetUp() override {
     m_emulator.SetGlobal("terravik.cbx", "TerviDir", "/opt/terravik");
     m_emulator.AddScript("utilities.cbx");
-    m_registration = std::make_unique<sim::CApiRegistration>(m_api, m_emulator.Application());
-    m_handle = m_registration->Handle();
     ASSERT_NE(m_handle, 0);
-    ASSERT_EQ(FORMKIT_EXPORT(*this, InitFormkitInstance)("Terravik"), 1);
+    ASSERT_EQ(FORMKIT_EXPORT(m_library, InitFormkitInstance)("Terravik"), 1);
   }
-
-  template <typename F>
-  F* Export(const char* name) {
-    return m_library.Export<F>(name);
-  }
-  int Do(const std::string& statement) { return FORMKIT_EXPORT(*this, CartomaDo)(m_handle, statement.c_str()); }
+  int Do(const std::string& statement) { return FORMKIT_EXPORT(m_library, CartomaDo)(m_handle, statement.c_str()); }
   std::string Eval(const std::string& expression) {
-    return FORMKIT_EXPORT(*this, CartomaEval)(m_handle, expression.c_str());
+    return FORMKIT_EXPORT(m_library, CartomaEval)(m_handle, expression.c_str());
   }
-  std::string LastError() { return FORMKIT_EXPORT(*this, CartomaLastError)(); }
+  std::string LastError() { return FORMKIT_EXPORT(m_library, CartomaLastError)(); }
   std::vector<std::string> Calls() const {
     std::vector<std::string> calls;
     for (const sim::CallRecord& call : m_emulator.Calls()) calls.push_back(call.member + ": " + call.text);
     return calls;
   }
   bool Called(const std::string& member, const std::string& text) const {
-    for (const sim::CallRecord& call : m_emulator.Calls())
-      if (call.member == member && call.text == text) return true;
-    return false;
+    return std::ranges::count(Calls(), member + ": " + text) > 0;
   }
 
   ScopedRegistry m_registry;
   ScopedFolder m_folder;
-  FormkitLibrary m_library;
-  sim::HostCApi m_api = HostCApiOf(m_library);
-  sim::Emulator m_emulator;
-  std::unique_ptr<sim::CApiRegistration> m_registration;
-  int32_t m_handle = 0;
+  LibraryWithEmulator m_host;
+  const FormkitLibrary& m_library = m_host.library;
+  sim::Emulator& m_emulator = m_host.emulator;
+  int32_t m_handle = m_host.registration.Handle();
 };
 
 TEST_F(LibraryOnEmulator, ConnectingFindsTheProductScriptOfTheHost) {
-  EXPECT_EQ(FORMKIT_EXPORT(*this, ConnectToCartoma)(0), 0) << "no handle and no running host";
-  EXPECT_EQ(reinterpret_cast<void*>(FORMKIT_EXPORT(*this, ConnectToCartomaWithoutAppCheck)),
-            reinterpret_cast<void*>(FORMKIT_EXPORT(*this, ConnectToCartomaWithoutAppCheckDispatch)))
+  EXPECT_EQ(FORMKIT_EXPORT(m_library, ConnectToCartoma)(0), 0) << "no handle and no running host";
+  EXPECT_EQ(reinterpret_cast<void*>(FORMKIT_EXPORT(m_library, ConnectToCartomaWithoutAppCheck)),
+            reinterpret_cast<void*>(FORMKIT_EXPORT(m_library, ConnectToCartomaWithoutAppCheckDispatch)))
       << "one entry under two names";
-  EXPECT_EQ(FORMKIT_EXPORT(*this, GetProcessID)(), getpid());
-  EXPECT_EQ(FORMKIT_EXPORT(*this, ConnectToCartoma)(m_handle), 1);
+  EXPECT_EQ(FORMKIT_EXPORT(m_library, GetProcessID)(), getpid());
+  EXPECT_EQ(FORMKIT_EXPORT(m_library, ConnectToCartoma)(m_handle), 1);
   EXPECT_TRUE(Called("CBXApplications.Item", "terravik.cbx"));
   EXPECT_TRUE(Called("terravik.cbx CBXGlobals", ""));
   EXPECT_FALSE(Called("CBXApplications.Item", "utilities.cbx")) << "the first product script found ends the search";
@@ -83,12 +73,12 @@ TEST_F(LibraryOnEmulator, StatementsAndExpressionsRunOnRealTables) {
   EXPECT_EQ(Eval("TableInfo(Deep, 8)"), "2");
   ASSERT_EQ(Do("Fetch First From Deep"), 1);
   EXPECT_EQ(Eval("Deep.HoleID & \" \" & Deep.COL2"), "BD004 200");
-  EXPECT_STREQ(FORMKIT_EXPORT(*this, GetCartomaTableFieldValue)(m_handle, "Deep", "HoleID"), "BD004");
+  EXPECT_STREQ(FORMKIT_EXPORT(m_library, GetCartomaTableFieldValue)(m_handle, "Deep", "HoleID"), "BD004");
 }
 
 TEST_F(LibraryOnEmulator, AMalformedStatementGivesItsDescriptionAndTheNextStatementWorks) {
-  EXPECT_EQ(FORMKIT_EXPORT(*this, CartomaDo)(0, "Close All"), 1) << "no host: nothing to send, and no failure";
-  EXPECT_STREQ(FORMKIT_EXPORT(*this, CartomaEval)(0, "NumTables()"), "");
+  EXPECT_EQ(FORMKIT_EXPORT(m_library, CartomaDo)(0, "Close All"), 1) << "no host: nothing to send, and no failure";
+  EXPECT_STREQ(FORMKIT_EXPORT(m_library, CartomaEval)(0, "NumTables()"), "");
   EXPECT_EQ(Do("Open Tabel \"x.tab\""), 0);
   EXPECT_THAT(LastError(), HasSubstr("Syntax error near 'Tabel"));
   EXPECT_THAT(Calls(), ElementsAre("Do: Open Tabel \"x.tab\"", "LastErrorMessage: "))
@@ -105,27 +95,27 @@ TEST_F(LibraryOnEmulator, AMalformedStatementGivesItsDescriptionAndTheNextStatem
 }
 
 TEST_F(LibraryOnEmulator, ScriptsAnswerVariablesQueriesAndCommands) {
-  auto variable = FORMKIT_EXPORT(*this, GetCBXVariable);
-  auto query = FORMKIT_EXPORT(*this, GetDDEQuery);
-  auto command = FORMKIT_EXPORT(*this, DoDDECommand);
-  EXPECT_EQ(std::string(variable(m_handle, "terravik.cbx", "TerviDir")), "/opt/terravik");
-  EXPECT_EQ(std::string(variable(m_handle, "terravik.cbx", "NoSuchVariable")), "");
-  EXPECT_EQ(std::string(variable(m_handle, "zelvar.cbx", "TerviDir")), "") << "a script that doesn't run";
+  auto variable = FORMKIT_EXPORT(m_library, GetCBXVariable);
+  auto query = FORMKIT_EXPORT(m_library, GetDDEQuery);
+  auto command = FORMKIT_EXPORT(m_library, DoDDECommand);
+  EXPECT_STREQ(variable(m_handle, "terravik.cbx", "TerviDir"), "/opt/terravik");
+  EXPECT_STREQ(variable(m_handle, "terravik.cbx", "NoSuchVariable"), "");
+  EXPECT_STREQ(variable(m_handle, "zelvar.cbx", "TerviDir"), "") << "a script that doesn't run";
 
   m_emulator.QueueProjection("8, 104, \"m\", 147, 0, 0.9996, 500000, 10000000", "UTM zone 55 South");
-  EXPECT_EQ(std::string(query(m_handle, "terravik.cbx", "PROJECTION SELECTION")),
-            "8, 104, \"m\", 147, 0, 0.9996, 500000, 10000000");
-  EXPECT_EQ(std::string(query(m_handle, "terravik.cbx", "LAST PROJECTION NICENAME")), "UTM zone 55 South");
-  EXPECT_EQ(std::string(query(m_handle, "terravik.cbx", "PROJECTION SELECTION")), "") << "nothing picked: cancelled";
+  EXPECT_STREQ(query(m_handle, "terravik.cbx", "PROJECTION SELECTION"),
+               "8, 104, \"m\", 147, 0, 0.9996, 500000, 10000000");
+  EXPECT_STREQ(query(m_handle, "terravik.cbx", "LAST PROJECTION NICENAME"), "UTM zone 55 South");
+  EXPECT_STREQ(query(m_handle, "terravik.cbx", "PROJECTION SELECTION"), "") << "nothing picked: cancelled";
 
-  EXPECT_EQ(std::string(variable(0, "terravik.cbx", "TerviDir")), "") << "no host, no script";
+  EXPECT_STREQ(variable(0, "terravik.cbx", "TerviDir"), "") << "no host, no script";
   const char* kept = variable(m_handle, "terravik.cbx", "TerviDir");
   query(m_handle, "terravik.cbx", "LAST PROJECTION NICENAME");
   EXPECT_STREQ(kept, "/opt/terravik") << "a returned text stays until the same export is called again";
 
   EXPECT_EQ(command(m_handle, "absent.cbx", "Go"), 0);
   EXPECT_EQ(command(m_handle, "utilities.cbx", "TerviDir = \"/srv/tv\""), 1);
-  EXPECT_EQ(std::string(variable(m_handle, "utilities.cbx", "TerviDir")), "/srv/tv");
+  EXPECT_STREQ(variable(m_handle, "utilities.cbx", "TerviDir"), "/srv/tv");
   EXPECT_EQ(command(m_handle, "absent.cbx", "Go"), 1) << "once a command reached a script, 1 for good";
   EXPECT_EQ(command(0, "absent.cbx", "Go"), 1);
 }
@@ -133,7 +123,7 @@ TEST_F(LibraryOnEmulator, ScriptsAnswerVariablesQueriesAndCommands) {
 TEST_F(LibraryOnEmulator, ExportsWithoutADialogLoadNoToolkit) {
   Eval("NumTables()");
   Do("Close All");
-  FORMKIT_EXPORT(*this, GetCBXVariable)(m_handle, "absent.cbx", "x");
+  FORMKIT_EXPORT(m_library, GetCBXVariable)(m_handle, "absent.cbx", "x");
   const std::string maps = ReadFile("/proc/self/maps");
   for (const char* toolkit : {"libwx_", "libgtk", "libformkit-wx"}) EXPECT_EQ(maps.find(toolkit), std::string::npos);
 }
@@ -176,36 +166,7 @@ std::pair<double, double> ProjTransform(const char* from, const char* to, double
   return {out.xy.x, out.xy.y};
 }
 
-std::vector<std::string> MetadataBlock(const std::string& tabPath) {
-  std::ifstream in(tabPath);
-  std::vector<std::string> block;
-  bool inBlock = false;
-  for (std::string line; std::getline(in, line);) {
-    if (!line.empty() && line.back() == '\r') line.pop_back();
-    if (inBlock) block.push_back(line);
-    if (line == "begin_metadata") inBlock = true;
-  }
-  return block;
-}
-
-class SessionOnEmulator : public SessionTest {
- protected:
-  void SetUp() override {
-    SessionTest::SetUp();
-    m_emulator.AddScript("terravik.cbx");
-    ASSERT_EQ(g_Cartoma.Connect(m_registration.Handle(), 1), 1);
-  }
-  std::string Open(const char* sample, const char* alias) {
-    const std::string path = CopySample(m_folder, sample);
-    EXPECT_TRUE(g_Cartoma.OpenTable(path.c_str(), alias, 1, 0)) << g_Cartoma.m_strLastError;
-    return path;
-  }
-  std::string Out(const std::string& name) const { return (std::filesystem::path(m_folder.Path()) / name).string(); }
-
-  ScopedFolder m_folder;
-  sim::Emulator m_emulator;
-  sim::CApiRegistration m_registration{sim::LinkedHostCApi(), m_emulator.Application()};
-};
+using SessionOnEmulator = EmulatorSessionTest;
 
 TEST_F(SessionOnEmulator, MakeTableSubsetWritesTheChosenHolesInOrderWithTheMetadataBlock) {
   const std::string assays = Open("assays", "Assays");
@@ -220,8 +181,9 @@ TEST_F(SessionOnEmulator, MakeTableSubsetWritesTheChosenHolesInOrderWithTheMetad
   for (const FeatureRow& row : ReadWithGdal(Out("assays_subset.gpkg")))
     holeAndFrom.push_back(row.fields[0] + "@" + row.fields[1]);
   EXPECT_THAT(holeAndFrom, ElementsAre("BD001@10", "BD001@11", "BD001@12", "BD004@149", "BD004@150"));
-  EXPECT_EQ(MetadataBlock(out), MetadataBlock(assays));
-  EXPECT_FALSE(MetadataBlock(out).empty());
+  const std::string source = ReadFile(assays);
+  ASSERT_NE(source.find("begin_metadata\n\""), std::string::npos);
+  EXPECT_TRUE(ReadFile(out).ends_with(OnDisk(source.substr(source.find("begin_metadata"))))) << "the metadata block";
   EXPECT_EQ(g_Cartoma.FindTableByPath(out), "") << "the subset is written, not left open";
 }
 
@@ -247,20 +209,6 @@ TEST_F(SessionOnEmulator, CommittingUnderAnotherClauseReprojectsAsProjDoes) {
   EXPECT_FALSE(g_Cartoma.CommitTableAs("Collars", Out("plane.tab"), "NonEarth Units \"m\"", 0));
   EXPECT_THAT(g_Cartoma.m_strLastError, HasSubstr("earth and non-earth"));
   EXPECT_FALSE(std::filesystem::exists(Out("plane.tab")));
-}
-
-TEST_F(SessionOnEmulator, TransformPointConvertsThroughTheHostsCurrentSystem) {
-  double x = 0, y = 0;
-  ASSERT_EQ(g_Cartoma.TransformPoint(kMga55, 255120, 5925210, "Earth Projection 1, 104", x, y), 1)
-      << g_Cartoma.m_strLastError;
-  const auto [lon, lat] = ProjTransform("EPSG:28355", "EPSG:4326", 255120, 5925210);
-  EXPECT_NEAR(x, lon, 1e-9);
-  EXPECT_NEAR(y, lat, 1e-9);
-  // The clause with the keyword goes upper-cased, and still reads. The way
-  // back starts from degrees written with six decimals, about 0.1 m.
-  ASSERT_EQ(g_Cartoma.TransformPoint("CoordSys Earth Projection 1, 104", lon, lat, kMga55, x, y), 1);
-  EXPECT_NEAR(x, 255120, 0.1);
-  EXPECT_NEAR(y, 5925210, 0.1);
 }
 
 TEST_F(SessionOnEmulator, ObjectsOfEveryKindGiveTheirNodesAsTheLibraryReadsThem) {

@@ -9,42 +9,26 @@ import sys
 
 import ezdxf
 
+POINTS = {"POINT": lambda e: [e.dxf.location], "LINE": lambda e: [e.dxf.start, e.dxf.end],
+          "POLYLINE": lambda e: [v.dxf.location for v in e.vertices], "3DFACE": lambda e: [e[i] for i in range(4)]}
+
 
 def near(actual, expected, tolerance):
     return all(math.isclose(a, e, rel_tol=1e-12, abs_tol=tolerance) for a, e in zip(actual, expected))
 
 
-def entity_points(entity):
-    kind = entity.dxftype()
-    if kind == "POINT":
-        return [entity.dxf.location]
-    if kind == "LINE":
-        return [entity.dxf.start, entity.dxf.end]
-    if kind == "POLYLINE":
-        return [vertex.dxf.location for vertex in entity.vertices]
-    if kind == "3DFACE":
-        return [entity[i] for i in range(4)]
-    return []
-
-
 def check_entity(where, entity, expected, tolerance, problems):
     kind = entity.dxftype()
     if kind != expected["type"]:
-        problems.append(f"{where}: {kind} instead of {expected['type']}")
-        return
+        return problems.append(f"{where}: {kind} instead of {expected['type']}")
     if entity.dxf.layer != "0" or entity.dxf.color != expected["color"]:
         problems.append(f"{where}: layer {entity.dxf.layer!r}, colour {entity.dxf.color}")
-    if kind == "POLYLINE":
-        if entity.get_mode() != "AcDb3dPolyline":
-            problems.append(f"{where}: a {entity.get_mode()}, not a 3D polyline")
-        if entity.is_closed != expected["closed"]:
-            problems.append(f"{where}: closed is {entity.is_closed}")
-        if not all(vertex.is_3d_polyline_vertex for vertex in entity.vertices):
-            problems.append(f"{where}: a vertex is not a 3D polyline vertex")
-    points = entity_points(entity)
+    if kind == "POLYLINE" and (entity.get_mode() != "AcDb3dPolyline" or entity.is_closed != expected["closed"]
+                               or not all(vertex.is_3d_polyline_vertex for vertex in entity.vertices)):
+        problems.append(f"{where}: a {entity.get_mode()}, closed {entity.is_closed}, not all 3D polyline vertices")
+    points = POINTS[kind](entity)
     if len(points) != len(expected["points"]):
-        problems.append(f"{where}: {len(points)} points instead of {len(expected['points'])}")
-        return
+        return problems.append(f"{where}: {len(points)} points instead of {len(expected['points'])}")
     for index, (point, wanted) in enumerate(zip(points, expected["points"])):
         if not near(point, wanted, tolerance):
             problems.append(f"{where}: point {index} is {tuple(point)}, expected {tuple(wanted)}")
@@ -55,21 +39,17 @@ def check_file(expected, problems):
     try:
         doc = ezdxf.readfile(path)
     except Exception as error:  # the strict reader refuses the file
-        problems.append(f"{path}: not readable: {error}")
-        return
+        return problems.append(f"{path}: not readable: {error}")
     auditor = doc.audit()
-    for error in auditor.errors:
-        problems.append(f"{path}: audit error: {error.message}")
-    for fix in auditor.fixes:
-        problems.append(f"{path}: audit had to fix: {fix.message}")
+    problems += [f"{path}: audit error: {e.message}" for e in auditor.errors]
+    problems += [f"{path}: audit had to fix: {fix.message}" for fix in auditor.fixes]
     for name in ("$EXTMIN", "$EXTMAX"):
         wanted = expected.get(name)
         if wanted is not None and not near(doc.header.get(name, (math.nan,) * 3), wanted, expected["tolerance"]):
             problems.append(f"{path}: {name} is {doc.header.get(name)}, expected {wanted}")
     entities = list(doc.modelspace())
     if len(entities) != len(expected["entities"]):
-        problems.append(f"{path}: {len(entities)} entities instead of {len(expected['entities'])}")
-        return
+        return problems.append(f"{path}: {len(entities)} entities instead of {len(expected['entities'])}")
     for index, (entity, wanted) in enumerate(zip(entities, expected["entities"])):
         check_entity(f"{path}: entity {index}", entity, wanted, expected["tolerance"], problems)
 
@@ -80,9 +60,7 @@ def main():
     problems = []
     for expected in files:
         check_file(expected, problems)
-    for problem in problems:
-        print(problem)
-    print(f"{len(files)} files checked, {len(problems)} problems")
+    print("\n".join(problems + [f"{len(files)} files checked, {len(problems)} problems"]))
     return 1 if problems else 0
 
 

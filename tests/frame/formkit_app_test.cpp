@@ -1,6 +1,7 @@
 // The application object: the product name, the eight settings and where
 // they are read from, and the profile switch that follows the product
 // script found in the host.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -12,6 +13,8 @@
 #include "support/formkit_library.h"
 #include "support/host/scripted_host.h"
 #include "support/session_fixture.h"
+
+using ::testing::ElementsAre;
 
 namespace {
 
@@ -34,18 +37,7 @@ class FormkitAppTest : public SessionTest {
   }
 };
 
-TEST_F(FormkitAppTest, TheProductNameSelectsTheVariantIgnoringCase) {
-  EXPECT_EQ(InitFormkitInstance("ZELVAR"), 1);
-  EXPECT_EQ(g_Cartoma.m_nProductVariant, 1);
-  EXPECT_EQ(InitFormkitInstance("Terravik3D"), 1) << "an unknown name is no error";
-  EXPECT_EQ(g_Cartoma.m_nProductVariant, 1);
-  EXPECT_EQ(theApp.m_strProduct, "Terravik3D");
-  EXPECT_EQ(InitFormkitInstance(nullptr), 1);
-  EXPECT_EQ(SetInstallationID("site-7"), 1);
-  EXPECT_EQ(theApp.m_strInstallationID, "site-7");
-}
-
-TEST_F(FormkitAppTest, ModuleStartReadsTheSharedProfileUnderOrvex) {
+TEST_F(FormkitAppTest, ModuleStartReadsTheSharedProfileAndTheProductNameSelectsTheVariant) {
   const char* shared = "Software\\Orvex\\Shared\\Setup";
   fk::Registry::SetString(kUser, shared, "GroupKey", "group-1");
   fk::Registry::SetString(kUser, shared, "dxfselectionfile", "/data/sel.dxf");
@@ -55,15 +47,20 @@ TEST_F(FormkitAppTest, ModuleStartReadsTheSharedProfileUnderOrvex) {
   fk::Registry::SetString(kUser, shared, "UseNameAlias", "1");  // not a number value: ignored
 
   theApp.InitInstance();
-  EXPECT_EQ(theApp.RegistryKey(), "Orvex");
-  EXPECT_EQ(theApp.ProfileName(), "Shared");
-  EXPECT_EQ(theApp.m_strGroupKey, "group-1");
-  EXPECT_EQ(theApp.m_strDXFSelectionFile, "/data/sel.dxf");
-  EXPECT_EQ(theApp.m_bShowHelp, 1);
-  EXPECT_EQ(theApp.m_bProjMapping, 1);
-  EXPECT_EQ(theApp.m_strPreferredProj, "CoordSys Earth Projection 1, 104");
-  EXPECT_EQ(theApp.m_bUseNameAlias, 0);
-  EXPECT_EQ(theApp.m_strAliasKey, "");
+  EXPECT_EQ(theApp.RegistryKey() + "|" + theApp.ProfileName() + "|" + theApp.m_strGroupKey + "|" +
+                theApp.m_strDXFSelectionFile + "|" + theApp.m_strPreferredProj + "|" + theApp.m_strAliasKey,
+            "Orvex|Shared|group-1|/data/sel.dxf|CoordSys Earth Projection 1, 104|");
+  EXPECT_THAT((std::vector{theApp.m_bShowHelp, theApp.m_bProjMapping, theApp.m_bUseNameAlias}), ElementsAre(1, 1, 0));
+
+  // The product name selects the variant, ignoring case.
+  EXPECT_EQ(InitFormkitInstance("ZELVAR"), 1);
+  EXPECT_EQ(g_Cartoma.m_nProductVariant, 1);
+  EXPECT_EQ(InitFormkitInstance("Terravik3D"), 1) << "an unknown name is no error";
+  EXPECT_EQ(g_Cartoma.m_nProductVariant, 1);
+  EXPECT_EQ(theApp.m_strProduct, "Terravik3D");
+  EXPECT_EQ(InitFormkitInstance(nullptr), 1);
+  EXPECT_EQ(SetInstallationID("site-7"), 1);
+  EXPECT_EQ(theApp.m_strInstallationID, "site-7");
 }
 
 TEST_F(FormkitAppTest, ConnectingFindsTheProductAndReloadsFromItsKeyKeepingWhatOnlySharedHad) {

@@ -59,16 +59,13 @@ TEST(VariantTest, KeepsItsTypeWordAndConvertsByTheAutomationRules) {
   EXPECT_EQ(Variant::Array(SafeArray::OfInts({1, 2}), fk::VT_ARRAY).ToArray().ElementType(), 3);
 
   // Doubles to ints round half to even; true is -1.
-  EXPECT_EQ(Variant::Double(2.5).ToInt(), 2);
-  EXPECT_EQ(Variant::Double(3.5).ToInt(), 4);
-  EXPECT_EQ(Variant::Double(-2.5).ToInt(), -2);
-  EXPECT_EQ(Variant::Text(" 4.5 ").ToInt(), 4);
+  for (const auto& [value, number] : {std::pair{Variant::Double(2.5), 2}, {Variant::Double(3.5), 4},
+                                      {Variant::Double(-2.5), -2}, {Variant::Text(" 4.5 "), 4},
+                                      {Variant::Bool(true), -1}})
+    EXPECT_EQ(value.ToInt(), number) << value.ToText();
   EXPECT_THROW(Variant::Double(3e9).ToInt(), OleException);
-  EXPECT_EQ(Variant::Double(1.5).ToText(), "1.5");
-  EXPECT_EQ(Variant::Bool(true).ToInt(), -1);
-  EXPECT_EQ(Variant::Bool(true).ToText(), "-1");
-  EXPECT_TRUE(Variant::Text("TRUE").ToBool());
-  EXPECT_FALSE(Variant::Text("faLSE").ToBool());
+  EXPECT_EQ(Variant::Double(1.5).ToText() + " " + Variant::Bool(true).ToText(), "1.5 -1");
+  EXPECT_TRUE(Variant::Text("TRUE").ToBool() && !Variant::Text("faLSE").ToBool());
 
   auto object = std::make_shared<FakeObject>();
   for (const char* text : {"abc", "12abc", "", "nan", "0x10"})
@@ -110,13 +107,10 @@ TEST(SafeArrayTest, KeepsElementTypeAndLowerBoundAndChecksIndexAndType) {
   EXPECT_THROW(texts.Append(Variant::Int(3)), OleException);
   const Variant array = Variant::Array(texts, fk::VT_ARRAY);
   const SafeArray& kept = array.ToArray();
-  EXPECT_EQ(kept.ElementType(), fk::VT_BSTR);
-  EXPECT_EQ(kept.UpperBound(), 2);
-  EXPECT_EQ(kept.At(2).ToText(), "y");
+  EXPECT_TRUE(kept.ElementType() == fk::VT_BSTR && kept.UpperBound() == 2 && kept.At(2).ToText() == "y");
   EXPECT_THROW(kept.At(0), OleException);
   EXPECT_THROW(kept.At(3), OleException);
-  SafeArray ints = SafeArray::OfInts({7});
-  EXPECT_THROW(ints.Append(Variant::Text("8")), OleException);
+  EXPECT_THROW(SafeArray::OfInts({7}).Append(Variant::Text("8")), OleException);
 }
 
 TEST(DispatchDriverTest, OwnsBorrowsDetachesCreatesByClassAndDoesNothingWhenEmpty) {
@@ -282,12 +276,8 @@ TEST(HostApiTest, ReferenceArgumentsAreWrittenThrough) {
   driver.InvokeMethod(1, {Variant::RefInt(&first), Variant::RefInt(&second), Variant::RefInt(&third),
                           Variant::RefVariant(&any), Variant::RefBool(&flag)});
   EXPECT_THAT(answers, ElementsAre(1, 1, 0, 1, 1));
-  EXPECT_EQ(first, 41);
-  EXPECT_EQ(second, 17);
-  EXPECT_EQ(third, 5);
-  EXPECT_EQ(any.Type(), fk::VT_BSTR);
-  EXPECT_EQ(any.ToText(), "hello");
-  EXPECT_TRUE(flag);
+  EXPECT_THAT((std::vector{first, second, third, int{flag}}), ElementsAre(41, 17, 5, 1));
+  EXPECT_TRUE(any.Type() == fk::VT_BSTR && any.ToText() == "hello");
   fk_revoke_object(handle);
 }
 
@@ -305,13 +295,11 @@ TEST(HostApiTest, ReleaseRunsOnceWhenTheLibraryDropsItsLastReference) {
   const std::int32_t borrowedHandle = RegisterAndBorrow(borrowed, borrower);
   EXPECT_EQ(fk_revoke_object(borrowedHandle), 1);
   EXPECT_EQ(fk_revoke_object(borrowedHandle), 0);
-  EXPECT_EQ(owned.Releases(), 0);
-  EXPECT_EQ(borrowed.Releases(), 1);
+  EXPECT_THAT((std::vector{owned.Releases(), borrowed.Releases()}), ElementsAre(0, 1));
   EXPECT_THROW(borrower.InvokeMethod(1), fk::OleException);
   owner.ReleaseDispatch();
   borrower.ReleaseDispatch();
-  EXPECT_EQ(owned.Releases(), 1);
-  EXPECT_EQ(borrowed.Releases(), 1);
+  EXPECT_THAT((std::vector{owned.Releases(), borrowed.Releases()}), ElementsAre(1, 1));
 
   // The running object of a class is held until it is revoked too.
   CallbackObject running;
@@ -412,8 +400,7 @@ TEST(HostApiTest, WithoutMemoryEveryCallGivesItsFailureValue) {
   EXPECT_THROW(driver.InvokeMethod(1, {Variant::Text(longText), Variant::Array(fk::SafeArray::OfInts({1}))}),
                fk::DispatchException)
       << "the failure is reported, with the default description";
-  EXPECT_STREQ(text, "");
-  EXPECT_EQ(element, nullptr);
+  EXPECT_TRUE(text && *text == '\0' && element == nullptr) << "an empty text, no element";
   EXPECT_THAT(written, ElementsAre(0, 0, 0));
   EXPECT_EQ(child.Releases(), 0) << "no object was made";
   fk_revoke_object(handle);

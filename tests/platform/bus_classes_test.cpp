@@ -52,22 +52,15 @@ class ServingThread {
   // Runs `work` on the thread, inside its loop, and waits until it is done;
   // an exception it throws comes back here.
   void Run(std::function<void()> work) {
-    using Job = std::pair<std::function<void()>, std::promise<void>>;
-    auto job = std::make_unique<Job>(std::move(work), std::promise<void>());
-    std::future<void> done = job->second.get_future();
+    std::packaged_task<void()> job(std::move(work));
+    std::future<void> done = job.get_future();
     g_main_context_invoke(
         m_context,
-        [](gpointer data) -> gboolean {
-          std::unique_ptr<Job> job(static_cast<Job*>(data));
-          try {
-            job->first();
-            job->second.set_value();
-          } catch (...) {
-            job->second.set_exception(std::current_exception());
-          }
+        [](gpointer job) -> gboolean {
+          (*static_cast<std::packaged_task<void()>*>(job))();
           return G_SOURCE_REMOVE;
         },
-        job.release());
+        &job);
     done.get();
   }
 
@@ -234,12 +227,7 @@ TEST_F(BusTest, ValuesAndReferencesKeepTheirTypeWordsAndFailuresTheirKind) {
   EXPECT_EQ(Describe(slot), "2000[3@0: 0003:4 0003:5]");
   EXPECT_EQ(Describe(args[2]), "0003:1");
 
-  try {
-    Call(remote, kRaise);
-    ADD_FAILURE() << "no exception";
-  } catch (const fk::DispatchException& e) {
-    EXPECT_EQ(e.Description(), "The probe says no");
-  }
+  EXPECT_THAT([&] { Call(remote, kRaise); }, ::testing::ThrowsMessage<fk::DispatchException>("The probe says no"));
   EXPECT_THAT([&] { Call(remote, 99); },
               ::testing::ThrowsMessage<fk::OleException>(HasSubstr("The probe has no member 99.")));
 

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <stdlib.h>
 #include <string>
 
 #include "platform/inifile/inifile.h"
@@ -43,18 +42,13 @@ TEST(PathsTest, SplitPathWorksLikeTheRuntimesSplitter) {
 
 TEST(PathsTest, MakePathAddsWhatIsMissing) {
   const std::string made = MakePath("C", "\\Data", "map", "tab");
-  EXPECT_EQ(made.substr(0, 7), "C:\\Data");
-  EXPECT_TRUE(fk::IsSeparator(made[7])) << made;
-  EXPECT_EQ(made.substr(8), "map.tab");
+  EXPECT_TRUE(made.starts_with("C:\\Data") && fk::IsSeparator(made[7]) && made.ends_with("map.tab")) << made;
   EXPECT_EQ(MakePath("C:", "", "", ""), "C:");
-
-  EXPECT_EQ(fk::AddTrailingSeparator(""), "");
-  EXPECT_EQ(fk::AddTrailingSeparator("a"), "a/");
-  EXPECT_EQ(fk::AddTrailingSeparator("a\\"), "a\\");
-
-  EXPECT_EQ(fk::JoinPath("maps", "\\roads.tab"), "maps/roads.tab");
-  EXPECT_EQ(fk::JoinPath("maps\\", "roads.tab"), "maps\\roads.tab");
-  EXPECT_EQ(fk::JoinPath("", "roads.tab"), "roads.tab");
+  EXPECT_EQ(fk::AddTrailingSeparator("") + "|" + fk::AddTrailingSeparator("a") + "|" + fk::AddTrailingSeparator("a\\"),
+            "|a/|a\\");
+  EXPECT_EQ(fk::JoinPath("maps", "\\roads.tab") + "|" + fk::JoinPath("maps\\", "roads.tab") + "|" +
+                fk::JoinPath("", "roads.tab"),
+            "maps/roads.tab|maps\\roads.tab|roads.tab");
 }
 
 TEST(PathsTest, NativeMapsTheDriveAndFindsNamesIgnoringCase) {
@@ -72,10 +66,8 @@ TEST(PathsTest, NativeMapsTheDriveAndFindsNamesIgnoringCase) {
   EXPECT_EQ(Native(folder.Path() + "\\DATA\\Sub\\File.Tab"), file) << "no drive: the path as it is";
 
   // The environment gives drives the table doesn't have; an unmapped drive is "/".
-  setenv("FORMKIT_DRIVE_R", (folder.Path() + "/data").c_str(), 1);
+  const ScopedVariable driveR("FORMKIT_DRIVE_R", folder.Path() + "/data");
   EXPECT_EQ(Native("r:\\SUB\\FILE.TAB"), file);
-  unsetenv("FORMKIT_DRIVE_R");
-  unsetenv("FORMKIT_DRIVE_Q");
   EXPECT_EQ(fk::DriveRoot('Q'), "/");
   EXPECT_EQ(Native("Q:\\"), "/");
 }

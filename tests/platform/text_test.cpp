@@ -24,12 +24,12 @@
 #include "support/comma_locale.h"
 #include "support/session_fixture.h"
 
+using ::testing::ElementsAre;
 using ::testing::Optional;
 
 TEST(FormatTest, NumbersIgnoreTheLocale) {
-  const std::string comma = CommaLocaleName();
-  if (comma.empty()) GTEST_SKIP() << "no locale with a decimal comma is installed or can be compiled";
-  ASSERT_NE(std::setlocale(LC_NUMERIC, comma.c_str()), nullptr);
+  const ScopedCommaLocale comma;
+  if (comma.Missing()) GTEST_SKIP() << "no locale with a decimal comma is installed or can be compiled";
   char check[16];
   std::snprintf(check, sizeof check, "%.1f", 1.5);
   ASSERT_STREQ(check, "1,5") << "the locale is in force";
@@ -45,19 +45,15 @@ TEST(FormatTest, NumbersIgnoreTheLocale) {
   EXPECT_EQ(fk::Variant::Double(0.5).ToText(), "0.5");
   EXPECT_EQ(fk::Variant::Text("3.25").ToDouble(), 3.25);
   EXPECT_EQ(fk::FormatMessageText("%1!.2f! %1", std::vector<fk::MessageArg>{2.5}), "2.50 2.5");
-  std::setlocale(LC_NUMERIC, "C");
 }
 
 TEST(NumberParseTest, ReadsNumbersLikeTheCRuntime) {
-  EXPECT_EQ(fk::Atoi(" \t\n-17"), -17);
-  EXPECT_EQ(fk::Atoi("12abc"), 12);
-  EXPECT_EQ(fk::Atoi("abc"), 0);
-  EXPECT_EQ(fk::Atoi("99999999999"), INT32_MAX);
-  EXPECT_EQ(fk::Atol("-99999999999999999999999"), INT32_MIN);
-  EXPECT_EQ(fk::Atoi(std::string_view("12345").substr(0, 2)), 12) << "only the text given is read";
-  EXPECT_EQ(fk::Atof("  1.5e3xyz"), 1500.0);
-  EXPECT_EQ(fk::Atof("abc"), 0.0);
-  EXPECT_EQ(fk::Atof(std::string_view("1.2345").substr(0, 3)), 1.2);
+  EXPECT_THAT((std::vector{fk::Atoi(" \t\n-17"), fk::Atoi("12abc"), fk::Atoi("abc"), fk::Atoi("99999999999"),
+                           fk::Atol("-99999999999999999999999"), fk::Atoi(std::string_view("12345").substr(0, 2))}),
+              ElementsAre(-17, 12, 0, INT32_MAX, INT32_MIN, 12))
+      << "the last reads only the text given";
+  EXPECT_THAT((std::vector{fk::Atof("  1.5e3xyz"), fk::Atof("abc"), fk::Atof(std::string_view("1.2345").substr(0, 3))}),
+              ElementsAre(1500.0, 0.0, 1.2));
   EXPECT_THAT(fk::ParseWholeNumber("\t-3.5  "), Optional(-3.5));
   for (const char* notOne : {"", "   ", "12abc", "1 2", "abc", "1,5", "nan", "inf", "Infinity", "0x10"})
     EXPECT_EQ(fk::ParseWholeNumber(notOne), std::nullopt) << '"' << notOne << '"';
@@ -117,18 +113,12 @@ TEST(TextFileTest, GetsReadsLikeFgetsOnATextModeFile) {
 
   fk::TextReader reader;
   ASSERT_TRUE(reader.Open(path));
-  EXPECT_EQ(reader.Gets(200), "first\n");
-  EXPECT_EQ(reader.Gets(200), "second\n");
-  EXPECT_EQ(reader.Gets(200), "lone\rcr\n");
-  EXPECT_EQ(reader.Gets(200), "\n");
-  EXPECT_EQ(reader.Gets(200), std::string(199, 'x'));
-  EXPECT_EQ(reader.Gets(200), std::string(51, 'x') + "\n");
-  EXPECT_EQ(reader.Gets(200), std::string(198, 'y') + "\n");
-  EXPECT_EQ(reader.Gets(200), std::string(199, 'z'));
-  EXPECT_EQ(reader.Gets(200), "\n");
-  EXPECT_EQ(reader.Gets(200), "last\r");
-  EXPECT_EQ(reader.Gets(200), std::nullopt);
-  EXPECT_EQ(reader.Gets(200), std::nullopt);
+  std::vector<std::string> lines;
+  while (const auto line = reader.Gets(200)) lines.push_back(*line);
+  EXPECT_THAT(lines, ElementsAre("first\n", "second\n", "lone\rcr\n", "\n", std::string(199, 'x'),
+                                 std::string(51, 'x') + "\n", std::string(198, 'y') + "\n", std::string(199, 'z'), "\n",
+                                 "last\r"));
+  EXPECT_EQ(reader.Gets(200), std::nullopt) << "the end stays the end";
   EXPECT_FALSE(reader.Open(folder.Path() + "/none.txt"));
 }
 
@@ -173,7 +163,9 @@ std::string Fixed(double value, int decimals) {
   return std::string(fk::FormatFixed(text, value, decimals));
 }
 
-TEST(NumberFormatTest, FixedDecimalsAreThoseOfPrintfForAwkwardValues) {
+// Awkward values, then any bit pattern, map coordinates, and binary
+// fractions (which put exact halves behind the last decimal).
+TEST(NumberFormatTest, FixedDecimalsAreThoseOfPrintf) {
   const double awkward[] = {0.0, -0.0, 0.0078125, -0.0078125, 2.5, 0.125, 0.375, 9.9999995, 0.0000005,
                             1e-7, -1e-9, 123456789.0000005, 18446744073709.551615, 18446744073709551615.0,
                             4503599627370496.5, 9007199254740993.0, 1e300, -1.7976931348623157e308,
@@ -182,11 +174,6 @@ TEST(NumberFormatTest, FixedDecimalsAreThoseOfPrintfForAwkwardValues) {
                             std::numeric_limits<double>::infinity(), -std::numeric_limits<double>::infinity()};
   for (double value : awkward)
     for (int decimals : {0, 1, 2, 6, 9, 10, 17}) EXPECT_EQ(Fixed(value, decimals), Printf(value, decimals)) << value;
-}
-
-// Any bit pattern, map coordinates, and binary fractions (which put exact
-// halves behind the last decimal).
-TEST(NumberFormatTest, FixedDecimalsAreThoseOfPrintfForRandomValues) {
   std::mt19937_64 random(99);
   for (int i = 0; i < 300000; ++i) {
     double value = 0;
@@ -213,12 +200,10 @@ fk::OleDate Date(int year, int month, int day, int hour = 0, int minute = 0, int
 }
 
 TEST(OleDateTest, DaysCountFromTheEndOf1899AndFoldBeforeIt) {
-  EXPECT_DOUBLE_EQ(Date(1899, 12, 30), 0.0);
-  EXPECT_DOUBLE_EQ(Date(1900, 1, 1), 2.0);
-  EXPECT_DOUBLE_EQ(Date(2000, 1, 1, 18), 36526.75);
-  EXPECT_DOUBLE_EQ(Date(1899, 12, 29, 6), -1.25) << "the fraction still counts forward";
-  EXPECT_DOUBLE_EQ(fk::OleDateToLinear(-1.25), -0.75);
-  EXPECT_DOUBLE_EQ(fk::OleDateToLinear(36526.75), 36526.75);
+  // Before the end of 1899 the fraction still counts forward.
+  EXPECT_THAT((std::vector{Date(1899, 12, 30), Date(1900, 1, 1), Date(2000, 1, 1, 18), Date(1899, 12, 29, 6),
+                           fk::OleDateToLinear(-1.25), fk::OleDateToLinear(36526.75)}),
+              ElementsAre(0.0, 2.0, 36526.75, -1.25, -0.75, 36526.75));
 
   const auto parts = fk::PartsFromOleDate(-1.25);
   ASSERT_TRUE(parts);

@@ -1,34 +1,21 @@
 // The headless backend holds dialog boxes to their templates: a control the
 // template lacks, a control used as what it is not, or a button the user
 // couldn't press is a fault of the dialog box's code.
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <stdexcept>
 
 #include "platform/ui/dialog_template.h"
 #include "platform/ui/headless/headless_ui.h"
+#include "platform/ui/probe_dialog.h"
 #include "support/session_fixture.h"
 
-using ::testing::ElementsAre;
-
 namespace {
-
-// A dialog box over the field selection template, with code under test.
-class ProbeDialog : public fk::ui::DialogController {
- public:
-  ProbeDialog() : fk::ui::DialogController(1003) {}
-  std::function<void(fk::ui::DialogView&)> onInit;
-  bool OnInitDialog() override {
-    if (onInit) onInit(View());
-    return true;
-  }
-};
 
 using HeadlessUiTest = HeadlessTest;
 
 TEST_F(HeadlessUiTest, UnknownOrMisusedControlsAndBoxesOutOfOrderAreFaults) {
-  ProbeDialog dialog;
+  ProbeDialog dialog(1003);  // over the field selection template
   dialog.onInit = [](fk::ui::DialogView& view) { view.SetText(1099, "x"); };
   EXPECT_THROW(dialog.DoModal(), std::logic_error);
   dialog.onInit = [](fk::ui::DialogView& view) { view.ListAdd(1030, "x"); };
@@ -42,7 +29,7 @@ TEST_F(HeadlessUiTest, UnknownOrMisusedControlsAndBoxesOutOfOrderAreFaults) {
 }
 
 TEST_F(HeadlessUiTest, TheUserCanOnlyUseWhatIsShownAndEnabled) {
-  ProbeDialog dialog;
+  ProbeDialog dialog(1003);
   dialog.onInit = [](fk::ui::DialogView& view) {
     view.Enable(1030, false);
     view.Show(1031, false);
@@ -51,17 +38,6 @@ TEST_F(HeadlessUiTest, TheUserCanOnlyUseWhatIsShownAndEnabled) {
   m_ui.OnDialog(1003, [](fk::ui::HeadlessDialog& user) { EXPECT_THROW(user.Press(1031), std::logic_error); });
   m_ui.OnDialog(1003, [](fk::ui::HeadlessDialog& user) { EXPECT_THROW(user.Press(1027), std::logic_error); });
   for (int i = 0; i < 3; ++i) EXPECT_EQ(dialog.DoModal(), fk::ui::IDCANCEL);
-}
-
-TEST_F(HeadlessUiTest, PromptsAnswerFromTheQueueAndAreRecorded) {
-  fk::ui::Prompter& prompter = m_ui.GetPrompter();
-  m_ui.Prompts().AnswerMessage(fk::ui::IDNO);
-  EXPECT_EQ(prompter.MessageBox("Overwrite?", fk::ui::MB_YESNO | fk::ui::MB_ICONQUESTION), fk::ui::IDNO);
-  EXPECT_EQ(prompter.MessageBox("Again?", fk::ui::MB_YESNO), fk::ui::IDYES) << "nothing queued: the first button";
-  EXPECT_EQ(prompter.MessageBox("Done.", fk::ui::MB_OK), fk::ui::IDOK);
-  EXPECT_FALSE(prompter.BrowseFolder("Folder", "/tmp").has_value());
-  ASSERT_EQ(m_ui.Prompts().Shown().size(), 4u);
-  EXPECT_EQ(m_ui.Prompts().Shown()[0].type, 0x24u);
 }
 
 }  // namespace

@@ -1,12 +1,9 @@
 // The Help button: the program, its parameters per product, and the
 // message when it can't start.
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
-#include <chrono>
-#include <filesystem>
 #include <cstdlib>
-#include <thread>
+#include <filesystem>
 
 #include "host/cartoma.h"
 #include "services/help_launcher.h"
@@ -30,15 +27,12 @@ class HelpLauncherTest : public HeadlessTest {
   // A help program that writes its arguments to a file; the path of that file.
   std::string InstallRecorder(const std::string& name) {
     const std::string record = m_folder.Path() + "/arguments";
-    const std::string program = m_folder.Write(name, "#!/bin/sh\necho \"$#:$*\" > '" + record + ".tmp' && mv '" +
-                                                         record + ".tmp' '" + record + "'\n");
-    chmod(program.c_str(), 0755);
+    m_folder.WriteProgram(name, "echo \"$#:$*\" > '" + record + ".tmp' && mv '" + record + ".tmp' '" + record + "'\n");
     return record;
   }
   // The program runs on its own; wait until its record appears.
-  std::string Recorded(const std::string& record) {
-    for (int i = 0; i < 500 && !std::filesystem::exists(record); ++i)
-      std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  static std::string Recorded(const std::string& record) {
+    EXPECT_TRUE(PumpUntil([&] { return std::filesystem::exists(record); }));
     return ReadFile(record);
   }
   ScopedFolder m_folder;

@@ -2,7 +2,6 @@
 // (writers in several processes at once are tested on the store itself, in
 // tests/platform/registry_test.cpp); and the news feed check: when it is
 // due, the one-shot timer, and what the timer does.
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -159,10 +158,8 @@ TEST_F(NewsFeedTest, TheTimerRecordsTheCheckThenStartsTheCompanionProgram) {
   EXPECT_EQ(DisplayNewFeeds(), 1);
   EXPECT_EQ(g_nFeedTimer, 0u) << "just checked: not due";
 
-  const std::string program =
-      product.Write("OnlineKB.exe", "#!/bin/sh\necho \"$#:$1\" > \"$(dirname \"$0\")/notified.tmp\"\n"
-                                    "mv \"$(dirname \"$0\")/notified.tmp\" \"$(dirname \"$0\")/notified\"\n");
-  std::filesystem::permissions(program, std::filesystem::perms::owner_all);
+  product.WriteProgram("OnlineKB.exe", "echo \"$#:$1\" > \"$(dirname \"$0\")/notified.tmp\"\n"
+                                       "mv \"$(dirname \"$0\")/notified.tmp\" \"$(dirname \"$0\")/notified\"\n");
   StoreLastCheck("");
   ASSERT_TRUE(DisplayNewFeedsAfter(1));
   ASSERT_TRUE(PumpUntil([&] { return std::filesystem::exists(product.Path() + "/notified"); }));

@@ -41,7 +41,7 @@ class AppSettingsTest : public SessionTest {
   int m_lastResult = -1;
 };
 
-TEST_F(AppSettingsTest, TheUsersFileWinsOverTheGivenFile) {
+TEST_F(AppSettingsTest, TheUsersFileWinsOverTheGivenFileAndTheProductAndInstallationPickIt) {
   EXPECT_EQ(Get("Grid", "CellSize"), "25");
   EXPECT_EQ(m_lastResult, 1);
 
@@ -57,9 +57,8 @@ TEST_F(AppSettingsTest, TheUsersFileWinsOverTheGivenFile) {
   EXPECT_EQ(Get("Grid", "Colour"), "Red") << "an empty value is no value";
   ASSERT_EQ(SetAppSetting("Grid", "Note", std::string(1500, 'x').c_str(), m_given.c_str()), 1);
   EXPECT_EQ(Get("Grid", "Note"), std::string(1023, 'x')) << "a long value is cut to the read limit";
-}
 
-TEST_F(AppSettingsTest, TheProductAndTheInstallationPickTheUsersFolder) {
+  // The product and the installation pick the user's folder.
   ASSERT_EQ(SetAppSetting("Grid", "CellSize", "10", m_given.c_str()), 1);
   theApp.m_strInstallationID = "site-7";
   EXPECT_EQ(Get("Grid", "CellSize"), "25") << "values saved before are no longer seen";
@@ -125,15 +124,14 @@ TEST_F(PreferenceFileTest, AFailedReadIsTriedAgainAndDirectoriesStandAtTheirOffs
   block.replace(0x1E02, 0x100, std::string(0x100, 'z'));  // the last one fills the block, unterminated
   WritePreferences(File(3, Record(4, "skip me") + Record(11, block) + Record(12, "after")));
 
-  EXPECT_EQ(Directory(0), "/maps/0");
-  EXPECT_EQ(m_lastResult, 1);
-  EXPECT_EQ(Directory(1), "");
-  EXPECT_EQ(Directory(2), "/maps/2");
-  EXPECT_EQ(Directory(3), "/maps/3") << "index 3 stands behind the host's gap";
-  EXPECT_EQ(Directory(13), std::string(0x100, 'z'));
-  EXPECT_EQ(Directory(14), "untouched");
-  EXPECT_EQ(m_lastResult, 0);
-  EXPECT_EQ(Directory(-1), "untouched");
+  // Index 3 stands behind the host's gap; past 13 the buffer stays as it was.
+  const std::pair<int, std::string> directories[] = {
+      {0, "/maps/0"}, {1, ""}, {2, "/maps/2"}, {3, "/maps/3"}, {13, std::string(0x100, 'z')}, {14, "untouched"},
+      {-1, "untouched"}};
+  for (const auto& [index, directory] : directories) {
+    EXPECT_EQ(Directory(index), directory) << index;
+    EXPECT_EQ(m_lastResult, directory == "untouched" ? 0 : 1) << index;
+  }
   WritePreferences(File(1, DirectoryRecord(0, "/second")));
   EXPECT_EQ(Directory(0), "/maps/0") << "a successful read is kept for the session";
 }

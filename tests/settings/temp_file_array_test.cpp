@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <memory>
 
 #include "support/session_fixture.h"
 
@@ -21,11 +20,11 @@ TEST(TempFileArray, FilesPartsAndRebuildsComposites) {
   CTempFileArray files;
   files.m_bDeleteOnDestroy = 0;
 
-  EXPECT_EQ(files.AddFilePart(composite, first, 1), 0);
-  EXPECT_EQ(files.AddFilePart(composite, second, 1), 1);
-  EXPECT_EQ(files.AddFilePart(composite, first, 1), 0) << "a known part is not added again";
-  EXPECT_EQ(files.AddFile(fs::path(composite).string(), 0), 0);
-  EXPECT_EQ(files[0].m_bTemporary, 1) << "a file filed as temporary stays so";
+  // A known part is not added again; a file filed as temporary stays so.
+  EXPECT_EQ((std::vector{files.AddFilePart(composite, first, 1), files.AddFilePart(composite, second, 1),
+                         files.AddFilePart(composite, first, 1), files.AddFile(composite, 0)}),
+            (std::vector{0, 1, 0, 0}));
+  EXPECT_EQ(files[0].m_bTemporary, 1);
   EXPECT_EQ(files[0].m_Parts.size(), 2u);
 
   int index = 5;

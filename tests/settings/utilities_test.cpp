@@ -11,12 +11,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string Executable(const ScopedFolder& folder, const std::string& name, const std::string& script) {
-  const std::string path = folder.Write(name, "#!/bin/sh\n" + script);
-  fs::permissions(path, fs::perms::owner_all);
-  return path;
-}
-
 TEST(UtilitiesTest, CreateNewDirectoryTellsNewFromExisting) {
   ScopedFolder folder;
   EXPECT_EQ(CreateNewDirectory((folder.Path() + "\\Pit").c_str()), 0);
@@ -54,7 +48,7 @@ TEST(UtilitiesTest, CopyDirectoryMergesTheTreeIntoTheTarget) {
 
 TEST(UtilitiesTest, RunProgramGivesTheExitCodeAndTheArgumentsAsOneArgument) {
   ScopedFolder folder;
-  const std::string program = Executable(folder, "check.sh", "[ \"$#:$1\" = '1:-a b \"c\"' ] && exit 3\nexit 4\n");
+  const std::string program = folder.WriteProgram("check.sh", "[ \"$#:$1\" = '1:-a b \"c\"' ] && exit 3\nexit 4\n");
   EXPECT_EQ(RunProgramAndWaitForExit(program.c_str(), "-a b \"c\""), 3);
   EXPECT_EQ(RunProgramAndWaitForExit((folder.Path() + "/missing.exe").c_str(), ""), -1);
   const std::string plain = folder.Write("plain.sh", "exit 0\n");
@@ -66,7 +60,7 @@ TEST(UtilitiesTest, RunProgramKeepsTheLoopGoingWhileItWaits) {
   // The program ends only once the flag file exists, and the flag file is
   // made by a timer on this thread's loop.
   const std::string program =
-      Executable(folder, "wait.sh", "for i in $(seq 600); do [ -e \"$1\" ] && exit 0; sleep 0.1; done\nexit 9\n");
+      folder.WriteProgram("wait.sh", "for i in $(seq 600); do [ -e \"$1\" ] && exit 0; sleep 0.1; done\nexit 9\n");
   const std::string flag = folder.Path() + "/flag";
   fk::SetTimer("flag", 1, [&] { folder.Write("flag", ""); });
   EXPECT_EQ(RunProgramAndWaitForExit(program.c_str(), flag.c_str()), 0);

@@ -11,6 +11,7 @@
 
 using fk::Variant;
 using ::testing::HasSubstr;
+using ::testing::ThrowsMessage;
 
 namespace {
 
@@ -39,12 +40,7 @@ class EmulatorObject : public ::testing::Test {
 };
 
 TEST_F(EmulatorObject, FailuresCarryTheHostsDescriptionAndAreRememberedAndVisibleIsPut) {
-  try {
-    Do("Drop Table Holes");
-    FAIL() << "no failure raised";
-  } catch (const fk::DispatchException& e) {
-    EXPECT_EQ(e.Description(), "Table Holes is not open");
-  }
+  EXPECT_THAT([&] { Do("Drop Table Holes"); }, ThrowsMessage<fk::DispatchException>("Table Holes is not open"));
   EXPECT_EQ(m_app.GetProperty(kAppLastErrorMessage).ToText(), "Table Holes is not open");
   EXPECT_THROW(Eval("1 +"), fk::DispatchException);
   EXPECT_EQ(Eval("1 + 2 * 3"), "7");
@@ -54,13 +50,10 @@ TEST_F(EmulatorObject, FailuresCarryTheHostsDescriptionAndAreRememberedAndVisibl
 
   const auto& calls = m_emulator.Calls();
   ASSERT_GE(calls.size(), 4u);
-  EXPECT_EQ(calls[0].member, "Do");
-  EXPECT_TRUE(calls[0].failed);
-  EXPECT_EQ(calls[2].member, "Eval");
-  EXPECT_EQ(calls[3].answer, "7");
-  EXPECT_FALSE(calls[3].failed);
+  EXPECT_TRUE(calls[0].member == "Do" && calls[0].failed);
+  EXPECT_TRUE(calls[2].member == "Eval" && calls[3].answer == "7" && !calls[3].failed);
 
-  EXPECT_FALSE(m_emulator.Visible());
+  ASSERT_FALSE(m_emulator.Visible());
   m_app.SetProperty(kAppVisible, Variant::Bool(true));
   EXPECT_TRUE(m_emulator.Visible()) << "Visible is a property to put";
 }
@@ -82,12 +75,8 @@ TEST_F(EmulatorObject, ScriptsAndGlobalsAreReachedThroughTheirCollections) {
   EXPECT_EQ(global.GetProperty(kGlobalValue).ToText(), "/srv");
   EXPECT_EQ(m_emulator.GetHost().RunningScripts().Find("zelvar.cbx")->commands.size(), 2u);
   EXPECT_EQ(script.InvokeMethod(kScriptEval, {Variant::Text("TerviDir")}).ToText(), "/srv");
-  try {
-    script.InvokeMethod(kScriptEval, {Variant::Text("WHAT TIME IS IT")});
-    FAIL() << "no failure raised";
-  } catch (const fk::DispatchException& e) {
-    EXPECT_EQ(e.Description(), "The script zelvar.cbx has no answer to \"WHAT TIME IS IT\"");
-  }
+  EXPECT_THAT([&] { script.InvokeMethod(kScriptEval, {Variant::Text("WHAT TIME IS IT")}); },
+              ThrowsMessage<fk::DispatchException>("The script zelvar.cbx has no answer to \"WHAT TIME IS IT\""));
 }
 
 TEST_F(EmulatorObject, SelectionsAnswerInExpressionsToo) {

@@ -63,9 +63,8 @@ TEST_F(Files, AMetadataBlockAndColumnTypesAreWrittenAsTheTabDefinition) {
 
   Open(Path("log.tab"), "Again");
   Do("Fetch First From Again");
-  EXPECT_EQ(Eval("Again.Depth & \"/\" & Again.Count & \"/\" & Again.Ok"), "3.14/7/T");
-  EXPECT_EQ(Eval("ColumnInfo(Again, Count, 3)"), "4");
-  EXPECT_EQ(Eval("TableInfo(Again, 5)"), "F");
+  ExpectAnswers({{"Again.Depth & \"/\" & Again.Count & \"/\" & Again.Ok", "3.14/7/T"},
+                 {"ColumnInfo(Again, Count, 3)", "4"}, {"TableInfo(Again, 5)", "F"}});
 }
 
 TEST_F(Files, OpeningFailsWithReasonsAndLeavesNoTable) {
@@ -83,8 +82,7 @@ TEST_F(Files, OpeningFailsWithReasonsAndLeavesNoTable) {
 
 TEST_F(Files, RasterTablesAndOtherVectorDataOpenAsTables) {
   Open(Sample("dem"), "Dem");
-  EXPECT_EQ(Eval("TableInfo(Dem, 3)"), "4");
-  EXPECT_EQ(Eval("TableInfo(Dem, 30)"), "Map Grid of Australia (GDA94) Zone 55");
+  ExpectAnswers({{"TableInfo(Dem, 3)", "4"}, {"TableInfo(Dem, 30)", "Map Grid of Australia (GDA94) Zone 55"}});
   EXPECT_THAT(DoError("Commit Table Dem As \"" + Path("d.tab") + "\""), HasSubstr("raster image"));
   std::ofstream(Path("lost.tab")) << "!table\nDefinition Table\n  File \"LOST.JPG\"\n  Type \"RASTER\"\n";
   EXPECT_EQ(DoError("Open Table \"" + Path("lost.tab") + "\""), "The image LOST.JPG of raster table lost does not exist");
@@ -93,10 +91,9 @@ TEST_F(Files, RasterTablesAndOtherVectorDataOpenAsTables) {
       << R"({"type":"FeatureCollection","features":[{"type":"Feature","properties":{"name":"W1","depth":12.5},)"
       << R"("geometry":{"type":"Point","coordinates":[144.3,-36.7]}}]})";
   Do("Open Table \"" + Path("wells.geojson") + "\"");
-  EXPECT_EQ(Eval("TableInfo(0, 1)"), "wells");
-  EXPECT_EQ(Eval("TableInfo(wells, 29)"), "Earth Projection 1, 104");
   Do("Fetch Rec 1 From wells");
-  EXPECT_EQ(Eval("wells.depth"), "12.5");
+  ExpectAnswers(
+      {{"TableInfo(0, 1)", "wells"}, {"TableInfo(wells, 29)", "Earth Projection 1, 104"}, {"wells.depth", "12.5"}});
   EXPECT_EQ(DoError("Update wells Set depth = 1"), "Table wells is read-only");
   Do("Commit Table wells As \"" + Path("wells.tab") +
      "\" CoordSys Earth Projection 8, 104, \"m\", 147, 0, 0.9996, 500000, 10000000");
@@ -125,11 +122,8 @@ TEST_F(Files, WindowsLayersAndAWorkspaceThatReadsBack) {
   EXPECT_THAT(DoError("Map From Assays"), HasSubstr("not mappable"));
   Do("Map From Collars, Dem");
   const std::string mapper = Eval("FrontWindow()");
-  EXPECT_EQ(Eval("WindowInfo(" + mapper + ", 3)"), "1");
-  EXPECT_EQ(Eval("MapperInfo(0, 9)"), "2");
-  EXPECT_EQ(Eval("LayerInfo(0, 2, 1)"), "Dem");
-  EXPECT_EQ(Eval("LayerInfo(0, 2, 24)"), "4");
-  EXPECT_EQ(Eval("LayerInfo(" + mapper + ", 1, 24)"), "0");
+  ExpectAnswers({{"WindowInfo(" + mapper + ", 3)", "1"}, {"MapperInfo(0, 9)", "2"}, {"LayerInfo(0, 2, 1)", "Dem"},
+                 {"LayerInfo(0, 2, 24)", "4"}, {"LayerInfo(" + mapper + ", 1, 24)", "0"}});
   Do("Set Map Window FrontWindow() Layer Collars Editable On");
   Do("Set Window FrontWindow() Printer Name \"Plotter A0\" Orientation Landscape Copies 2");
   Do("Browse * From Assays");

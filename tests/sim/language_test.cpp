@@ -20,38 +20,29 @@ using ::testing::HasSubstr;
 
 namespace {
 
-TEST(CoordSysClauses, ClausesReadBackAsTheHostWritesThem) {
-  const std::pair<const char*, const char*> cases[] = {
-      {"Earth Projection 1, 104", "Earth Projection 1, 104"},
-      {"CoordSys EARTH PROJECTION 1, 116", "Earth Projection 1, 116"},
-      {"Earth Projection 8, 116, \"M\", 147, 0, 0.9996, 500000, 10000000",
-       "Earth Projection 8, 116, \"m\", 147, 0, 0.9996, 500000, 10000000"},
-      {"NonEarth Units \"ft\" Bounds (-10, -10.5) (1000, 2000)",
-       "NonEarth Units \"ft\" Bounds (-10, -10.5) (1000, 2000)"},
-  };
-  for (const auto& [text, clause] : cases) EXPECT_EQ(ParseCoordSysText(text).Clause(), clause) << text;
-}
-
-TEST(CoordSysClauses, NamesAndProjDefinitions) {
+TEST(CoordSysClauses, ClausesReadBackAsTheHostWritesThemWithTheirNamesAndProjDefinitions) {
   const struct {
-    const char* clause;
+    const char* text;
+    const char* clause;  // as the host writes it back; null: as given
     const char* name;
     const char* proj;
   } cases[] = {
-      {"Earth Projection 1, 104", "Longitude / Latitude (WGS 84)", "EPSG:4326"},
-      {"Earth Projection 1, 116", "Longitude / Latitude (GDA94)", "EPSG:4283"},
-      {"Earth Projection 8, 104, \"m\", 147, 0, 0.9996, 500000, 10000000",
+      {"Earth Projection 1, 104", nullptr, "Longitude / Latitude (WGS 84)", "EPSG:4326"},
+      {"CoordSys EARTH PROJECTION 1, 116", "Earth Projection 1, 116", "Longitude / Latitude (GDA94)", "EPSG:4283"},
+      {"Earth Projection 8, 104, \"m\", 147, 0, 0.9996, 500000, 10000000", nullptr,
        "Universal Transverse Mercator (WGS 84) Zone 55 South", "EPSG:32755"},
-      {"Earth Projection 8, 104, \"m\", -3, 0, 0.9996, 500000, 0",
+      {"Earth Projection 8, 104, \"m\", -3, 0, 0.9996, 500000, 0", nullptr,
        "Universal Transverse Mercator (WGS 84) Zone 30 North", "EPSG:32630"},
-      {"Earth Projection 8, 116, \"m\", 153, 0, 0.9996, 500000, 10000000", "Map Grid of Australia (GDA94) Zone 56",
+      {"Earth Projection 8, 116, \"M\", 153, 0, 0.9996, 500000, 10000000",
+       "Earth Projection 8, 116, \"m\", 153, 0, 0.9996, 500000, 10000000", "Map Grid of Australia (GDA94) Zone 56",
        "EPSG:28356"},
-      {"NonEarth Units \"m\"", "Non-Earth (m)", ""},
+      {"NonEarth Units \"ft\" Bounds (-10, -10.5) (1000, 2000)", nullptr, "Non-Earth (ft)", ""},
   };
   for (const auto& c : cases) {
-    const CoordSys cs = ParseCoordSysText(c.clause);
-    EXPECT_EQ(cs.Name(), c.name) << c.clause;
-    EXPECT_EQ(cs.ProjDefinition(), c.proj) << c.clause;
+    const CoordSys cs = ParseCoordSysText(c.text);
+    EXPECT_EQ(cs.Clause(), c.clause ? c.clause : c.text) << c.text;
+    EXPECT_EQ(cs.Name(), c.name) << c.text;
+    EXPECT_EQ(cs.ProjDefinition(), c.proj) << c.text;
   }
   // A transverse Mercator that is no UTM zone goes to PROJ by its parameters.
   const CoordSys local = ParseCoordSysText("Earth Projection 8, 116, \"km\", 145.5, -10, 1, 300, 200");

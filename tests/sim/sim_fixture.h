@@ -5,7 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <string>
 
 #include "sim/host/host.h"
@@ -15,6 +14,10 @@ class SimTest : public ::testing::Test {
  protected:
   void Do(const std::string& statement) { m_host.Do(statement); }
   std::string Eval(const std::string& expression) { return m_host.Eval(expression); }
+  // Each expression evaluates to its answer.
+  void ExpectAnswers(std::initializer_list<std::pair<std::string, std::string>> answers) {
+    for (const auto& [expression, answer] : answers) EXPECT_EQ(Eval(expression), answer) << expression;
+  }
   // The description of the failure of a statement; fails the test when it succeeds.
   std::string DoError(const std::string& statement) {
     try {

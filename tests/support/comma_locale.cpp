@@ -4,6 +4,7 @@
 #include <locale.h>
 #include <stdlib.h>
 
+#include <clocale>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
@@ -50,4 +51,15 @@ std::string CompileCommaLocale() {
 std::string CommaLocaleName() {
   static const std::string name = HasCommaPoint("de_DE.UTF-8") ? "de_DE.UTF-8" : CompileCommaLocale();
   return name;
+}
+
+ScopedCommaLocale::ScopedCommaLocale() : m_name(CommaLocaleName()) {
+  if (m_name.empty()) return;
+  setenv("LC_ALL", m_name.c_str(), 1);
+  std::setlocale(LC_ALL, m_name.c_str());
+}
+
+ScopedCommaLocale::~ScopedCommaLocale() {
+  unsetenv("LC_ALL");
+  std::setlocale(LC_ALL, "C");
 }

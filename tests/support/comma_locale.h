@@ -8,3 +8,17 @@
 // installed, else one compiled with localedef into a temporary folder that
 // LOCPATH then points at. Empty when there is none to be had.
 std::string CommaLocaleName();
+
+// That locale in force for the process, and named by LC_ALL for what reads
+// the environment, while the object lives; then the "C" locale again.
+class ScopedCommaLocale {
+ public:
+  ScopedCommaLocale();
+  ~ScopedCommaLocale();
+  ScopedCommaLocale(const ScopedCommaLocale&) = delete;
+  ScopedCommaLocale& operator=(const ScopedCommaLocale&) = delete;
+  bool Missing() const { return m_name.empty(); }
+
+ private:
+  std::string m_name;
+};

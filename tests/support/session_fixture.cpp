@@ -33,16 +33,22 @@ std::string ScopedFolder::Write(const std::string& name, const std::string& cont
   return path.string();
 }
 
-ScopedFolderVariable::ScopedFolderVariable(const char* variable) : m_variable(variable) {
-  if (const char* previous = std::getenv(variable)) m_previous = previous;
-  setenv(variable, Path().c_str(), 1);
+std::string ScopedFolder::WriteProgram(const std::string& name, const std::string& script) const {
+  const std::string path = Write(name, "#!/bin/sh\n" + script);
+  std::filesystem::permissions(path, std::filesystem::perms::owner_all);
+  return path;
 }
 
-ScopedFolderVariable::~ScopedFolderVariable() {
+ScopedVariable::ScopedVariable(const char* name, const std::string& value) : m_name(name) {
+  if (const char* previous = std::getenv(name)) m_previous = previous;
+  setenv(name, value.c_str(), 1);
+}
+
+ScopedVariable::~ScopedVariable() {
   if (m_previous)
-    setenv(m_variable, m_previous->c_str(), 1);
+    setenv(m_name, m_previous->c_str(), 1);
   else
-    unsetenv(m_variable);
+    unsetenv(m_name);
 }
 
 void ResetSession() {
@@ -69,6 +75,12 @@ std::string ReadFile(const std::string& path) {
   std::stringstream content;
   content << in.rdbuf();
   return content.str();
+}
+
+std::string OnDisk(const std::string& text) {
+  std::string crlf;
+  for (char c : text) crlf += c == '\n' ? std::string("\r\n") : std::string(1, c);
+  return crlf;
 }
 
 bool PumpUntil(const std::function<bool()>& done) {

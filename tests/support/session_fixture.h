@@ -19,23 +19,35 @@ class ScopedFolder {
   const std::string& Path() const { return m_path; }
   // Writes `content` to the file `name` in the folder; returns its path.
   std::string Write(const std::string& name, const std::string& content) const;
+  // Writes the shell script `script` as the program `name`; returns its path.
+  std::string WriteProgram(const std::string& name, const std::string& script) const;
 
  private:
   std::string m_path;
 };
 
-// A fresh folder that the environment variable `variable` names while the
-// object lives; the variable's value before comes back after.
-class ScopedFolderVariable : public ScopedFolder {
+// An environment variable set to `value` while the object lives; its value
+// before comes back after.
+class ScopedVariable {
  public:
-  explicit ScopedFolderVariable(const char* variable);
-  ~ScopedFolderVariable();
-  ScopedFolderVariable(const ScopedFolderVariable&) = delete;
-  ScopedFolderVariable& operator=(const ScopedFolderVariable&) = delete;
+  ScopedVariable(const char* name, const std::string& value);
+  ~ScopedVariable();
+  ScopedVariable(const ScopedVariable&) = delete;
+  ScopedVariable& operator=(const ScopedVariable&) = delete;
 
  private:
-  const char* m_variable;
+  const char* m_name;
   std::optional<std::string> m_previous;
+};
+
+// A fresh folder that the environment variable `variable` names while the
+// object lives.
+class ScopedFolderVariable : public ScopedFolder {
+ public:
+  explicit ScopedFolderVariable(const char* variable) : m_variable(variable, Path()) {}
+
+ private:
+  ScopedVariable m_variable;
 };
 
 // The registry in a fresh folder.
@@ -76,6 +88,8 @@ class HeadlessTest : public SessionTest {
 
 void ResetSession();
 std::string ReadFile(const std::string& path);
+// Text as the library puts it on disk: every "\n" as CR LF.
+std::string OnDisk(const std::string& text);
 // Runs the calling thread's main loop until `done` holds; false when it
 // still doesn't after a generous number of rounds (about a minute).
 bool PumpUntil(const std::function<bool()>& done);

@@ -1,14 +1,22 @@
-// CViewerLink against a recording stand-in for the viewer object: what each
-// wrapper gives without a viewer, the attach rules, and what never reaches
-// the wire (empty lists, texts past 255 characters).
+// CViewerLink without the viewer program: against a recording stand-in for
+// the viewer object, what each wrapper gives without a viewer, the attach
+// rules, and what never reaches the wire (empty lists, texts past 255
+// characters); starting the viewer where its installer recorded it, when the
+// record is missing or wrong; and process lookups by a case-blind part of a
+// program's path.
 #include "viewer/viewer_link.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cctype>
+#include <filesystem>
 #include <functional>
 
 #include "platform/automation/class_registry.h"
+#include "platform/registry/registry.h"
+#include "support/session_fixture.h"
+#include "viewer/win_process.h"
 
 using ::testing::ElementsAre;
 
@@ -104,6 +112,71 @@ TEST_F(ViewerLinkTest, EmptyListsStayOffTheWireAndTextsAreCutTo255) {
   m_link.ShowHelpTopic(std::string(300, 'x'));
   EXPECT_THAT(m_viewer->ids, ElementsAre(1, 51));
   EXPECT_THAT(m_viewer->texts, ElementsAre(std::string(255, 'x')));
+}
+
+using ViewerLaunch = HeadlessTest;
+
+TEST_F(ViewerLaunch, AnIncompleteRecordIsReportedWithItsCode) {
+  ScopedFolder folder;
+  const std::string program = folder.Write("Terravik3D.exe", "");
+  const struct {
+    const char* product;  // null: the Terravik viewer
+    const char* key;
+    const char* programPath;  // null: no such value
+    const char* installation;
+    int code;
+    const char* message;
+  } kCases[] = {
+      {nullptr, nullptr, nullptr, nullptr, -2, "Error - Could not locate Terravik3D"},
+      {"Zelvar3D", nullptr, nullptr, nullptr, -2, "Error - Could not locate Zelvar3D"},
+      {"Terravik3D", "Software\\Orvex\\Terravik 3D", "", nullptr, -2, "Error - Could not locate Terravik3D"},
+      {nullptr, "Software\\Orvex\\Terravik 3D", "/nowhere/Terravik3D.exe", "/", -3,
+       "Error - Could not locate Terravik3D"},
+      {"zelvar3d", "Software\\Orvex\\Zelvar3D", nullptr, "/nowhere/", -3, "Error - Could not locate Zelvar3D"},
+      {nullptr, "Software\\Orvex\\Terravik 3D", "program", "/nowhere/", -3, "Error - Could not locate Terravik3D"},
+  };
+  for (const auto& c : kCases) {
+    fk::Registry::DeleteTree(fk::Hive::LocalMachine, "Software\\Orvex");
+    if (c.key) fk::Registry::CreateKey(fk::Hive::LocalMachine, c.key);
+    if (c.programPath)
+      fk::Registry::SetString(fk::Hive::LocalMachine, c.key, "ProgramPath",
+                              std::string(c.programPath) == "program" ? program : c.programPath);
+    if (c.installation) fk::Registry::SetString(fk::Hive::LocalMachine, c.key, "Installation", c.installation);
+    m_ui.Prompts().Clear();
+    EXPECT_EQ(CViewerLink().LaunchViewer(c.product, nullptr), c.code) << c.message << " " << (c.key ? c.key : "");
+    ASSERT_EQ(m_ui.Prompts().Shown().size(), 1u);
+    EXPECT_EQ(m_ui.Prompts().Shown()[0].text, c.message);
+  }
+}
+
+std::string Upper(std::string text) {
+  for (char& c : text) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+  return text;
+}
+
+TEST(WinProcess, NamesArePartsOfProgramPathsInAnyCase) {
+  const std::filesystem::path self = std::filesystem::read_symlink("/proc/self/exe");
+  const std::string folder = self.parent_path().filename().string();  // "tests"
+  const std::string file = self.filename().string();                  // "formkit_tests"
+  const struct {
+    std::string name;
+    bool found;
+  } kLookups[] = {
+      {file, true},
+      {"/" + folder + "/" + file, true},
+      {Upper(file), true},
+      {"/" + folder + "/", true},  // the folder alone matches too
+      {"no-such-program-anywhere", false},
+  };
+  for (const auto& lookup : kLookups) {
+    const int pid = CWinProcess().GetProcessIdByName(lookup.name);
+    EXPECT_EQ(pid > 0, lookup.found) << lookup.name;
+    if (!lookup.found) {
+      EXPECT_EQ(pid, -1) << "a lookup that finds nothing answers -1";
+    }
+  }
+  EXPECT_FALSE(CWinProcess().IsProcessRunning("")) << "an empty name runs nowhere";
+  EXPECT_FALSE(CWinProcess().IsProcessRunning(file)) << "the name is looked for with \".exe\" behind it";
 }
 
 }  // namespace

@@ -32,16 +32,6 @@ namespace {
 
 constexpr const char* kTerravikKey = "Software\\Orvex\\Terravik 3D";
 
-// Sets an environment variable while the object lives.
-class ScopedVariable {
- public:
-  ScopedVariable(const char* name, const std::string& value) : m_name(name) { setenv(name, value.c_str(), 1); }
-  ~ScopedVariable() { unsetenv(m_name); }
-
- private:
-  const char* m_name;
-};
-
 // Every simulator program's process, found the way a person would: by the
 // file the process runs.
 std::vector<int> SimulatorProcesses() {
@@ -68,7 +58,7 @@ class ViewerProgram : public HeadlessTest {
   }
   void TearDown() override {
     for (int pid : SimulatorProcesses()) kill(pid, SIGTERM);
-    for (int round = 0; round < 500 && !SimulatorProcesses().empty(); ++round) g_usleep(10000);
+    for (int pid : SimulatorProcesses()) Ended(pid);
     fk::ClassRegistry::Instance().SetRemote(nullptr);
     HeadlessTest::TearDown();
   }
@@ -90,18 +80,19 @@ class ViewerProgram : public HeadlessTest {
   }
   // Waits (in bounded rounds) until `pid` no longer runs the simulator.
   static bool Ended(int pid) {
-    for (int round = 0; round < 500; ++round) {
-      const std::vector<int> running = SimulatorProcesses();
-      if (std::find(running.begin(), running.end(), pid) == running.end()) return true;
-      g_usleep(10000);
-    }
+    for (int round = 0; round < 500; ++round, g_usleep(10000))
+      if (std::ranges::count(SimulatorProcesses(), pid) == 0) return true;
     return false;
   }
-  // Text as the library writes it to disk: every line ends in CR LF.
-  static std::string CrLf(const std::string& text) {
-    std::string out;
-    for (char c : text) out += c == '\n' ? std::string("\r\n") : std::string(1, c);
-    return out;
+  // The simulator started by hand as the other product's viewer, with `arguments`.
+  static GPid StartZelvarByHand(std::vector<const char*> arguments) {
+    const std::string zelvar = (std::filesystem::path(TV_SIM_PATH).parent_path() / "Zelvar3D.exe").string();
+    arguments.insert(arguments.begin(), zelvar.c_str());
+    arguments.push_back(nullptr);
+    GPid pid = 0;
+    EXPECT_TRUE(g_spawn_async(nullptr, const_cast<char**>(arguments.data()), nullptr, G_SPAWN_DO_NOT_REAP_CHILD,
+                              nullptr, nullptr, &pid, nullptr));
+    return pid;
   }
 
   PrivateBus m_bus;
@@ -113,22 +104,11 @@ class ViewerProgram : public HeadlessTest {
 };
 
 // The library loaded as a host loads it, connected to the host emulator.
-class LibraryWithHost {
- public:
+struct LibraryWithHost : LibraryWithEmulator {
   LibraryWithHost() {
     EXPECT_EQ(FORMKIT_EXPORT(library, InitFormkitInstance)("Terravik"), 1);
     EXPECT_EQ(FORMKIT_EXPORT(library, ConnectToCartoma)(registration.Handle()), 1);
   }
-  bool HostRan(const std::string& statement) const {
-    for (const sim::CallRecord& call : emulator.Calls())
-      if (call.text.find(statement) != std::string::npos) return true;
-    return false;
-  }
-
-  FormkitLibrary library;
-  sim::HostCApi api = HostCApiOf(library);
-  sim::Emulator emulator;
-  sim::CApiRegistration registration{api, emulator.Application()};
 };
 
 // A DXF file of one line, as small as a reader takes it.
@@ -186,18 +166,15 @@ TEST_F(ViewerProgram, AViewerLateToStartMakesTheLibraryAskWhetherToWait) {
 }
 
 TEST_F(ViewerProgram, AViewerStartedByHandUnderTheOtherNameLeavesMinusOne) {
-  const std::string zelvar = (std::filesystem::path(TV_SIM_PATH).parent_path() / "Zelvar3D.exe").string();
-  std::vector<char*> argv{const_cast<char*>(zelvar.c_str()), const_cast<char*>("-zelvar"), nullptr};
-  GPid pid = 0;
-  ASSERT_TRUE(g_spawn_async(nullptr, argv.data(), nullptr, G_SPAWN_DO_NOT_REAP_CHILD, nullptr, nullptr, &pid, nullptr));
+  const GPid pid = StartZelvarByHand({"-zelvar"});
   for (int round = 0; round < 500 && !fk::ClassRegistry::Instance().GetActiveObject("TV.InterfaceCOM"); ++round)
     g_usleep(20000);
 
   FormkitLibrary library;
   ASSERT_EQ(FORMKIT_EXPORT(library, InitFormkitInstance)("Terravik"), 1);
-  EXPECT_EQ(FORMKIT_EXPORT(library, ExecuteTerravik3D)(), -1);
-  EXPECT_EQ(FORMKIT_EXPORT(library, GetTvik3DProcessID)(), -1);
-  EXPECT_EQ(FORMKIT_EXPORT(library, IsTvik3DRunning)(), 1);
+  EXPECT_THAT((std::vector{FORMKIT_EXPORT(library, ExecuteTerravik3D)(), FORMKIT_EXPORT(library, GetTvik3DProcessID)(),
+                           FORMKIT_EXPORT(library, IsTvik3DRunning)()}),
+              ElementsAre(-1, -1, 1));
   EXPECT_THAT(SimulatorProcesses(), ElementsAre(pid)) << "nothing else was started";
   EXPECT_EQ(FORMKIT_EXPORT(library, ShutdownTerravik3D)(), 1);
   int status = 0;
@@ -292,7 +269,7 @@ TEST_F(ViewerProgram, ASavedStateKeepsTheCompositesInUseAndComesBackInANewViewer
     ASSERT_EQ(FORMKIT_EXPORT(host.library, AddOGBFilePart)(composite.c_str(), unusedPart.c_str(), 0), 1);
     ASSERT_EQ(FORMKIT_EXPORT(host.library, AddOGBFilePart)(composite.c_str(), part.c_str(), 1), 1);
     ASSERT_EQ(FORMKIT_EXPORT(host.library, LoadOGBFile)(plain.c_str()), 1);
-    EXPECT_EQ(ReadFile(composite), CrLf(ReadFile(unusedPart) + ReadFile(part))) << "both parts are in use so far";
+    EXPECT_EQ(ReadFile(composite), OnDisk(ReadFile(unusedPart) + ReadFile(part))) << "both parts are in use so far";
     CViewerLink viewer;  // someone takes the first part out of the view
     ASSERT_TRUE(viewer.Attach());
     viewer.RemoveFileObject(viewer.GetMapWindow(true), -2, "hole_two");
@@ -303,7 +280,7 @@ TEST_F(ViewerProgram, ASavedStateKeepsTheCompositesInUseAndComesBackInANewViewer
     EXPECT_TRUE(host.HostRan("Save Workspace"));
     EXPECT_THAT(ReadFile(saved + "/site.wor"), HasSubstr("!Workspace"));
     EXPECT_THAT(ReadFile(saved + "/site.ogs"), HasSubstr("logs.ogb")) << "the viewer's own state";
-    EXPECT_EQ(ReadFile(saved + "/logs.ogb"), CrLf(ReadFile(part))) << "only the part the viewer still lists";
+    EXPECT_EQ(ReadFile(saved + "/logs.ogb"), OnDisk(ReadFile(part))) << "only the part the viewer still lists";
     EXPECT_EQ(ReadFile(saved + "/hole one.jpg"), "picture");
     EXPECT_FALSE(std::filesystem::exists(saved + "/plain.ogb")) << "a plain temporary file is not saved";
     EXPECT_EQ(FORMKIT_EXPORT(host.library, SetTempFileDeleteOnDestoy)(0), 0);
@@ -330,7 +307,7 @@ TEST_F(ViewerProgram, LogFilesJoinTheFirstFoldersLogAndRefreshPassesThroughTheSc
   const std::size_t before = Calls().size();
   ASSERT_EQ(FORMKIT_EXPORT(host.library, LoadPermLogOGBFile)(first.c_str(), 1, 1), 1);
   ASSERT_EQ(FORMKIT_EXPORT(host.library, LoadLogOGBFile)(second.c_str(), 0), 1);
-  EXPECT_EQ(ReadFile(log), CrLf(ReadFile(first) + ReadFile(second))) << "one log, in the first file's folder";
+  EXPECT_EQ(ReadFile(log), OnDisk(ReadFile(first) + ReadFile(second))) << "one log, in the first file's folder";
   ASSERT_EQ(FORMKIT_EXPORT(host.library, Refresh3D)(), 1);
 
   const std::vector<std::string> calls = Calls();
@@ -340,20 +317,16 @@ TEST_F(ViewerProgram, LogFilesJoinTheFirstFoldersLogAndRefreshPassesThroughTheSc
                           "TV.InterfaceCOM 2", "TV.InterfaceCOM 1", "TV.InterfaceCOM 39", "TV.InterfaceCOM 2",
                           "TV.InterfaceCOM 1", "TV.InterfaceCOM 53", "TV.InterfaceCOM 77", "TV.InterfaceCOM 54",
                           "TV.InterfaceCOM 2"));
-  EXPECT_THAT(calls[before + 2], HasSubstr(" 8:\"\"")) << "the log is taken away first";
-  EXPECT_THAT(calls[before + 3], HasSubstr(log));
-  EXPECT_THAT(calls[before + 9], HasSubstr(scratch));
-  EXPECT_THAT(calls[before + 10], HasSubstr(" 3:32771"));
-  EXPECT_THAT(calls[before + 11], HasSubstr(scratch));
+  // The log is taken away first; the refresh goes through the scratch session file.
+  for (const auto& [at, part] :
+       {std::pair{2, std::string(" 8:\"\"")}, {3, log}, {9, scratch}, {10, " 3:32771"}, {11, scratch}})
+    EXPECT_THAT(calls[before + at], HasSubstr(part)) << at;
   EXPECT_EQ(FORMKIT_EXPORT(host.library, ShutdownTerravik3D)(), 1);
 }
 
 TEST_F(ViewerProgram, LoadingAStateTheViewerCannotTakeStillRunsTheHostWorkspace) {
   ScopedVariable late("TV_SIM_OWN_AFTER", "600000");
-  const std::string zelvar = (std::filesystem::path(TV_SIM_PATH).parent_path() / "Zelvar3D.exe").string();
-  std::vector<char*> argv{const_cast<char*>(zelvar.c_str()), nullptr};
-  GPid pid = 0;
-  ASSERT_TRUE(g_spawn_async(nullptr, argv.data(), nullptr, G_SPAWN_DO_NOT_REAP_CHILD, nullptr, nullptr, &pid, nullptr));
+  const GPid pid = StartZelvarByHand({});
   const std::string workspace = m_folder.Write("site.wor", "!Workspace\n");
   LibraryWithHost host;
   EXPECT_EQ(FORMKIT_EXPORT(host.library, Load3DState)((m_folder.Path() + "/site.3ds").c_str()), 0);

@@ -2,6 +2,8 @@
 
 #include <filesystem>
 
+#include "host/cartoma.h"
+
 sim::HostCApi HostCApiOf(const FormkitLibrary& library) {
   return {FORMKIT_EXPORT(library, fk_register_object),
           FORMKIT_EXPORT(library, fk_revoke_object),
@@ -26,4 +28,22 @@ std::string CopySample(const ScopedFolder& folder, const std::string& name) {
       fs::copy_file(fs::path(SIM_SAMPLES_DIR) / (name + ext), fs::path(folder.Path()) / (name + ext),
                     fs::copy_options::overwrite_existing);
   return (fs::path(folder.Path()) / (name + ".tab")).string();
+}
+
+bool LibraryWithEmulator::HostRan(const std::string& text) const {
+  for (const sim::CallRecord& call : emulator.Calls())
+    if (call.text.find(text) != std::string::npos) return true;
+  return false;
+}
+
+void EmulatorSessionTest::SetUp() {
+  HeadlessTest::SetUp();
+  m_emulator.AddScript("terravik.cbx");
+  ASSERT_EQ(g_Cartoma.Connect(m_registration.Handle(), 1), 1);
+}
+
+std::string EmulatorSessionTest::Open(const char* sample, const char* alias) {
+  const std::string path = CopySample(m_folder, sample);
+  EXPECT_TRUE(g_Cartoma.OpenTable(path.c_str(), alias, 0, 0)) << g_Cartoma.m_strLastError;
+  return path;
 }

@@ -18,3 +18,29 @@ sim::HostCApi HostCApiOf(const FormkitLibrary& library);
 // Copies the sample table `name` (.tab with its .gpkg or image) into
 // `folder`; the path of its .tab there.
 std::string CopySample(const ScopedFolder& folder, const std::string& name);
+
+// A fresh copy of the library loaded as a host loads it, with the emulator
+// registered through that copy's C API.
+struct LibraryWithEmulator {
+  // Whether the host ran a statement or expression containing `text`.
+  bool HostRan(const std::string& text) const;
+
+  FormkitLibrary library;
+  sim::HostCApi api = HostCApiOf(library);
+  sim::Emulator emulator;
+  sim::CApiRegistration registration{api, emulator.Application()};
+};
+
+// The host session of the linked library connected to the emulator, which
+// runs the product script, with a folder for the test's tables.
+class EmulatorSessionTest : public HeadlessTest {
+ protected:
+  void SetUp() override;
+  // Opens a private copy of the sample table `sample` under `alias`; its path.
+  std::string Open(const char* sample, const char* alias);
+  std::string Out(const std::string& name) const { return m_folder.Path() + "/" + name; }
+
+  ScopedFolder m_folder;
+  sim::Emulator m_emulator;
+  sim::CApiRegistration m_registration{sim::LinkedHostCApi(), m_emulator.Application()};
+};

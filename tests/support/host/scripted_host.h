@@ -1,13 +1,9 @@
-// A scripted host for tests: the host application's Do, Eval and
-// LastErrorMessage at their dispatch ids, answered from a table, in front of
-// the host emulator, which serves the rest (Visible, the CBXApplications
-// collection of running scripts with their globals). It is registered
-// through the host C API as any host registers its object (the emulator's
-// C API adapter; so this folder is only in the test programs that link the
-// emulator). It raises the failures it is told to raise, and keeps every
-// call, in order, in a transcript: "Do: <statement>", "Eval: <expression>",
-// "LastErrorMessage", and the emulator's records ("CBXApplications",
-// "CBXApplications.Item: <name>", "<script> CBXGlobals", ...).
+// A scripted host: the host application's Do, Eval and LastErrorMessage at
+// their dispatch ids, answered from a table, in front of the host emulator,
+// which serves the rest; registered through the host C API as any host's
+// object. It raises the failures it is told to, and keeps every call in
+// order in a transcript: "Do: <statement>", "Eval: <expression>",
+// "LastErrorMessage", and the emulator's records ("CBXApplications", ...).
 #pragma once
 
 #include <deque>

@@ -20,17 +20,16 @@ using namespace fk::ui;
 
 namespace {
 
-TEST(FileBoxRequest, TheWildcardDropsTheClosingBarsAndEveryFileNeedsNoPoint) {
-  const std::pair<const char*, const char*> cases[] = {
+TEST(FileBoxRequest, TheWildcardTheStartingEntryTheStartNameAndTheDefaultExtension) {
+  const std::pair<const char*, const char*> filters[] = {
       {"Cartoma Table (*.tab)|*.tab|All Files (*.*)|*.*||", "Cartoma Table (*.tab)|*.tab|All Files (*.*)|*"},
       {"Text (*.txt;*.csv)|*.txt;*.csv;*.*||", "Text (*.txt;*.csv)|*.txt;*.csv;*"},
       {"Data|*.dat", "Data|*.dat"},           // the closing bars may be missing
       {"Data|*.dat|Lonely||", "Data|*.dat"},  // a name without a pattern is no entry
       {"", ""}};
-  for (const auto& [filter, wildcard] : cases) EXPECT_EQ(WildcardFromFilter(filter), wildcard) << filter;
-}
+  for (const auto& [filter, wildcard] : filters) EXPECT_EQ(WildcardFromFilter(filter), wildcard) << filter;
 
-TEST(FileBoxRequest, TheStartingEntryCountsFromOneAndTheStartNameSplitsAtItsLastSlash) {
+  // The starting entry counts from one; the start name splits at its last slash.
   const std::string wildcard = "Table|*.tab|All|*";
   EXPECT_EQ(WildcardEntryCount(wildcard), 2);
   for (const auto& [index, entry] : {std::pair{1, 0}, {2, 1}, {0, 0}, {3, 0}})
@@ -43,15 +42,14 @@ TEST(FileBoxRequest, TheStartingEntryCountsFromOneAndTheStartNameSplitsAtItsLast
     EXPECT_EQ(SplitStartName(start).folder, folder) << start;
     EXPECT_EQ(SplitStartName(start).name, name) << start;
   }
-}
 
-TEST(FileBoxRequest, TheDefaultExtensionGoesOnlyToANameWithoutOne) {
-  const std::tuple<const char*, const char*, const char*> cases[] = {
+  // The default extension goes only to a name without one.
+  const std::tuple<const char*, const char*, const char*> names[] = {
       {"/data/collars", "tab", "/data/collars.tab"},      {"/data/collars", ".tab", "/data/collars.tab"},
       {"/data/collars", "*.tab", "/data/collars.tab"},    // as the string table writes it
       {"/data/collars.csv", "tab", "/data/collars.csv"},  {"/data.v2/collars", "tab", "/data.v2/collars.tab"},
       {"/data/collars", "", "/data/collars"},             {"/data/", "tab", "/data/"}};
-  for (const auto& [name, extension, result] : cases) EXPECT_EQ(WithDefaultExtension(name, extension), result) << name;
+  for (const auto& [name, extension, result] : names) EXPECT_EQ(WithDefaultExtension(name, extension), result) << name;
 }
 
 TEST(ProgressLayout, OneToFourLinesAndRoomForTheBarAndButton) {

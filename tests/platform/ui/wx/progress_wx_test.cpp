@@ -10,7 +10,7 @@
 
 #include "frame/formkit_app.h"
 #include "services/progress_wnd.h"
-#include "probe_dialog.h"
+#include "platform/ui/probe_dialog.h"
 #include "dialogs_met.h"
 #include "toolkit_test.h"
 #include "toolkit_user.h"

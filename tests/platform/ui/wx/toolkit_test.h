@@ -16,19 +16,8 @@
 #include "platform/ui/ui_backend.h"
 #include "support/session_fixture.h"
 
-// Controls of the box with every kind.
-enum EveryControl {
-  EDIT = 1100,
-  LABEL = 1101,
-  TRISTATE = 1102,
-  RADIO_ONE = 1103,
-  RADIO_TWO = 1104,
-  LIST = 1105,
-  COMBO = 1106,
-  CHOICE = 1107,
-  REPORT = 1108,
-  ACT = 1109,
-};
+// Controls of the box with every kind, numbered from 1100 on.
+enum EveryControl { EDIT = 1100, LABEL, TRISTATE, RADIO_ONE, RADIO_TWO, LIST, COMBO, CHOICE, REPORT, ACT };
 
 const fk::ui::DialogTemplate& TestTemplate(unsigned id);
 

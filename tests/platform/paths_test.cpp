@@ -70,6 +70,7 @@ TEST(PathsTest, NativeMapsTheDriveAndFindsNamesIgnoringCase) {
   EXPECT_EQ(Native("r:\\SUB\\FILE.TAB"), file);
   EXPECT_EQ(fk::DriveRoot('Q'), "/");
   EXPECT_EQ(Native("Q:\\"), "/");
+  fk::SetDriveRoot('c', "/");  // as the tests after this one expect it
 }
 
 TEST(IniFileTest, ReadsIgnoringCaseWithDefaultsAndTheBufferLimit) {

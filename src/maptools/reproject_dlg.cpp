@@ -25,11 +25,6 @@ constexpr unsigned IDS_NOT_SELECTED = 2084;
 
 constexpr const char* kWidthSection = "ReProject";
 
-int StoredWidth(const char* key, int defaultWidth) {
-  const fk::AppBase* app = fk::AppBase::Current();
-  return app ? app->GetProfileInt(kWidthSection, key, defaultWidth) : defaultWidth;
-}
-
 // The folder of a table file, with its separator; "" for a bare name.
 std::string FolderOf(const std::string& path) {
   const std::size_t separator = path.find_last_of("/\\");
@@ -43,8 +38,10 @@ CReProjectDlg::CReProjectDlg() : fk::ui::DialogController(IDD), m_strSuffix("_re
 bool CReProjectDlg::OnInitDialog() {
   View().SetText(IDC_DIRECTORY, m_strOutputDir);
   View().SetText(IDC_SUFFIX, m_strSuffix);
-  View().ListCtrlInsertColumn(IDC_TABLES, 0, fk::LoadString(IDS_MAPPER_NAME), StoredWidth("MapColSize", 235));
-  View().ListCtrlInsertColumn(IDC_TABLES, 1, fk::LoadString(IDS_TARGET_PROJECTION), StoredWidth("ProjColSize", 121));
+  View().ListCtrlInsertColumn(IDC_TABLES, 0, fk::LoadString(IDS_MAPPER_NAME),
+                              fk::CurrentProfileInt(kWidthSection, "MapColSize", 235));
+  View().ListCtrlInsertColumn(IDC_TABLES, 1, fk::LoadString(IDS_TARGET_PROJECTION),
+                              fk::CurrentProfileInt(kWidthSection, "ProjColSize", 121));
   UpdateTableList();
   View().SetCheck(IDC_CREATE_NEW, 1);
   View().SetCheck(IDC_WITH_SUFFIX, 1);

@@ -8,10 +8,13 @@
 #include <ogrsf_frmts.h>
 #include <proj.h>
 
+#include <cstdio>
 #include <filesystem>
+#include <sstream>
 
 #include "formkit/formkit.h"
 #include "host/cartoma.h"
+#include "maptools/reproject_table.h"
 #include "support/host/emulated_host.h"
 #include "support/session_fixture.h"
 
@@ -24,11 +27,12 @@ namespace {
 namespace fs = std::filesystem;
 
 // Control ids as the system's description gives them.
-enum { NEW_PROJECTION = 1036, OVERWRITE = 1037, TABLES = 1038, SELECT_ALL = 1039, CREATE_NEW = 1041,
+enum { NEW_PROJECTION = 1036, OVERWRITE = 1037, TABLES = 1038, SELECT_ALL = 1039,
        DIRECTORY = 1043, SUFFIX = 1044, WITH_SUFFIX = 1045, IN_DIRECTORY = 1047, BROWSE = 1048 };
 
 constexpr const char* kUtm55 = "8, 104, \"m\", 147, 0, 0.9996, 500000, 10000000";
 const std::string kUtm55Clause = std::string("CoordSys Earth Projection ") + kUtm55;
+const std::string kOff = "Set ProgressBars Off", kOn = "Set ProgressBars On";
 
 using Points = std::vector<std::pair<double, double>>;
 
@@ -44,26 +48,20 @@ Points PointsOf(const std::string& gpkg) {
   return points;
 }
 
-// What PROJ makes of the points, longitude first.
-Points ProjTransform(const char* from, const char* to, const Points& points) {
+// The points read match what PROJ makes of the source points, longitude
+// first, within `tolerance`.
+void ExpectProjected(const char* from, const char* to, const Points& source, const Points& read,
+                     double tolerance = 1e-3) {
+  ASSERT_EQ(read.size(), source.size());
   PJ* raw = proj_create_crs_to_crs(nullptr, from, to, nullptr);
   PJ* pj = proj_normalize_for_visualization(nullptr, raw);
-  Points out;
-  for (const auto& [x, y] : points) {
-    const PJ_COORD c = proj_trans(pj, PJ_FWD, proj_coord(x, y, 0, 0));
-    out.emplace_back(c.xy.x, c.xy.y);
+  for (std::size_t i = 0; i < source.size(); ++i) {
+    const PJ_COORD c = proj_trans(pj, PJ_FWD, proj_coord(source[i].first, source[i].second, 0, 0));
+    EXPECT_NEAR(read[i].first, c.xy.x, tolerance) << "point " << i;
+    EXPECT_NEAR(read[i].second, c.xy.y, tolerance) << "point " << i;
   }
   proj_destroy(pj);
   proj_destroy(raw);
-  return out;
-}
-
-void ExpectWithinAMillimetre(const Points& read, const Points& expected) {
-  ASSERT_EQ(read.size(), expected.size());
-  for (std::size_t i = 0; i < read.size(); ++i) {
-    EXPECT_NEAR(read[i].first, expected[i].first, 1e-3) << "point " << i;
-    EXPECT_NEAR(read[i].second, expected[i].second, 1e-3) << "point " << i;
-  }
 }
 
 class ReprojectOnEmulator : public HeadlessTest {
@@ -91,10 +89,10 @@ class ReprojectOnEmulator : public HeadlessTest {
     for (const fk::ui::ShownPrompt& prompt : m_ui.Prompts().Shown()) texts.push_back(prompt.text);
     return texts;
   }
-  // The statements that commit a table under the target's clause.
-  static std::vector<std::string> Commit(const std::string& table, const std::string& path) {
-    return {"Set ProgressBars Off", "Commit Table " + table + " As \"" + path + "\" " + kUtm55Clause,
-            "Set ProgressBars On"};
+  // The statement that commits a table under the target's clause, which
+  // stands between "Set ProgressBars Off" and "Set ProgressBars On".
+  static std::string Commit(const std::string& table, const std::string& path) {
+    return "Commit Table " + table + " As \"" + path + "\" " + kUtm55Clause;
   }
   int Run() { return MultiReProject(m_registration.Handle()); }
 
@@ -107,7 +105,6 @@ TEST_F(ReprojectOnEmulator, OverwritingTwoTablesGoesThroughATemporaryCopyThatIsG
   const std::string collars = Open("collars"), objects = Open("objects");
   const Points collarPoints = PointsOf(In("collars.gpkg")), objectPoints = PointsOf(In("objects.gpkg"));
   m_ui.OnDialog(1005, [&](HeadlessDialog& box) {
-    EXPECT_EQ(box.View().Title(), "Reproject multiple tables");
     box.Press(NEW_PROJECTION);
     box.Press(SELECT_ALL);
     EXPECT_EQ(box.View().ListCtrlText(TABLES, 1, 1), "UTM Zone 55 (WGS 84)");
@@ -121,17 +118,14 @@ TEST_F(ReprojectOnEmulator, OverwritingTwoTablesGoesThroughATemporaryCopyThatIsG
   std::vector<std::string> expected;
   for (const auto& [table, path] : {std::pair{"collars", collars}, std::pair{"objects", objects}}) {
     const std::string copy = path.substr(0, path.size() - 4) + "_temp__.TAB";
-    expected.push_back("Drop Table _TempTableCopy");
-    for (const std::string& s : Commit(table, copy)) expected.push_back(s);
-    expected.push_back("Open Table \"" + copy + "\" As _TempTableCopy");
-    expected.push_back(std::string("Drop Table ") + table);
-    for (const std::string& s : Commit("_TempTableCopy", path)) expected.push_back(s);
-    expected.push_back("Open Table \"" + path + "\"");
-    expected.push_back("Drop Table _TempTableCopy");
+    expected.insert(expected.end(),
+                    {"Drop Table _TempTableCopy", kOff, Commit(table, copy), kOn,
+                     "Open Table \"" + copy + "\" As _TempTableCopy", "Drop Table " + std::string(table), kOff,
+                     Commit("_TempTableCopy", path), kOn, "Open Table \"" + path + "\"", "Drop Table _TempTableCopy"});
   }
   EXPECT_THAT(Statements(), ElementsAreArray(expected));
-  ExpectWithinAMillimetre(PointsOf(In("collars.gpkg")), ProjTransform("EPSG:28355", "EPSG:32755", collarPoints));
-  ExpectWithinAMillimetre(PointsOf(In("objects.gpkg")), ProjTransform("EPSG:4326", "EPSG:32755", objectPoints));
+  ExpectProjected("EPSG:28355", "EPSG:32755", collarPoints, PointsOf(In("collars.gpkg")));
+  ExpectProjected("EPSG:4326", "EPSG:32755", objectPoints, PointsOf(In("objects.gpkg")));
   for (const auto& entry : fs::directory_iterator(m_folder.Path()))
     EXPECT_EQ(entry.path().filename().string().find("_temp__"), std::string::npos) << entry.path();
 }
@@ -163,13 +157,38 @@ TEST_F(ReprojectOnEmulator, NewTablesGoIntoTheFolderWithTheSuffixAndANonEarthTab
   ASSERT_EQ(Run(), 1);
   EXPECT_THAT(Messages(), ElementsAre("Table 'plan' cannot be reprojected. Conversion between earth and non-earth "
                                       "projections is not supported."));
-  std::vector<std::string> expected = Commit("collars", out + "/collars_utm.tab");
-  for (const std::string& s : Commit("objects", out + "/objects_utm.tab")) expected.push_back(s);
-  EXPECT_THAT(Statements(), ElementsAreArray(expected)) << "written, not opened";
-  ExpectWithinAMillimetre(PointsOf(out + "/collars_utm.gpkg"),
-                          ProjTransform("EPSG:28355", "EPSG:32755", PointsOf(In("collars.gpkg"))));
-  ExpectWithinAMillimetre(PointsOf(out + "/objects_utm.gpkg"),
-                          ProjTransform("EPSG:4326", "EPSG:32755", PointsOf(In("objects.gpkg"))));
+  EXPECT_THAT(Statements(), ElementsAre(kOff, Commit("collars", out + "/collars_utm.tab"), kOn, kOff,
+                                        Commit("objects", out + "/objects_utm.tab"), kOn))
+      << "written, not opened";
+  ExpectProjected("EPSG:28355", "EPSG:32755", PointsOf(In("collars.gpkg")), PointsOf(out + "/collars_utm.gpkg"));
+  ExpectProjected("EPSG:4326", "EPSG:32755", PointsOf(In("objects.gpkg")), PointsOf(out + "/objects_utm.gpkg"));
+}
+
+// The control points of a raster table file: world points, then pixels.
+std::pair<Points, Points> ControlPoints(const std::string& tabPath) {
+  std::pair<Points, Points> points;
+  std::istringstream lines(ReadFile(tabPath));
+  double x, y, px, py;
+  for (std::string line; std::getline(lines, line);)
+    if (std::sscanf(line.c_str(), " (%lf,%lf) (%lf,%lf) Label", &x, &y, &px, &py) == 4) {
+      points.first.emplace_back(x, y);
+      points.second.emplace_back(px, py);
+    }
+  return points;
+}
+
+TEST_F(ReprojectOnEmulator, ARasterTableIsWrittenAnewFromItsControlPointsEachConvertedByTheHost) {
+  const std::string dem = Open("dem");
+  const auto [world, pixels] = ControlPoints(dem);
+  ReprojectTarget inPlace;
+  inPlace.projection = "1, 104";
+  inPlace.overwrite = true;
+  ASSERT_TRUE(ReprojectTable("dem", inPlace, m_ui.Prompts())) << g_Cartoma.m_strLastError;
+  const auto [converted, pixelsAfter] = ControlPoints(dem);
+  EXPECT_EQ(pixelsAfter, pixels);
+  ExpectProjected("EPSG:28355", "EPSG:4326", world, converted, 1e-6);  // six decimals of a degree
+  EXPECT_NE(ReadFile(dem).find("  CoordSys Earth Projection 1, 104\r\n"), std::string::npos);
+  EXPECT_EQ(g_Cartoma.GetTableType("dem"), 4) << "open again";
 }
 
 TEST_F(ReprojectOnEmulator, OkChecksTheChoicesInTheirOrderAndTheOptionsGreyAsTold) {

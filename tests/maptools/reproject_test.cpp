@@ -27,7 +27,7 @@ namespace {
 namespace fs = std::filesystem;
 
 // Control ids as the system's description gives them.
-enum { NEW_PROJECTION = 1036, OVERWRITE = 1037, TABLES = 1038, SELECT_ALL = 1039,
+enum { OPEN_TABLE = 1007, NEW_PROJECTION = 1036, OVERWRITE = 1037, TABLES = 1038, SELECT_ALL = 1039,
        DIRECTORY = 1043, SUFFIX = 1044, WITH_SUFFIX = 1045, IN_DIRECTORY = 1047, BROWSE = 1048 };
 
 constexpr const char* kUtm55 = "8, 104, \"m\", 147, 0, 0.9996, 500000, 10000000";
@@ -134,7 +134,7 @@ TEST_F(ReprojectOnEmulator, OverwritingTwoTablesGoesThroughATemporaryCopyThatIsG
 // the box still ends with OK.
 TEST_F(ReprojectOnEmulator, NewTablesGoIntoTheFolderWithTheSuffixAndANonEarthTableIsSkipped) {
   Open("collars");
-  Open("objects");
+  m_emulator.GetHost().QueueOpenFile(CopySample(m_folder, "objects"));
   const std::string plan = In("plan.tab");
   for (const std::string& s : std::vector<std::string>{
            "Set CoordSys NonEarth Units \"m\"", "Create Table Plan (Name Char (10))",
@@ -146,7 +146,12 @@ TEST_F(ReprojectOnEmulator, NewTablesGoIntoTheFolderWithTheSuffixAndANonEarthTab
   fs::create_directory(out);
   m_ui.OnDialog(1005, [&](HeadlessDialog& box) {
     box.Press(NEW_PROJECTION);
-    for (int row = 0; row < 3; ++row) box.CheckRow(TABLES, row, true);
+    box.CheckRow(TABLES, 0, true);
+    box.Press(OPEN_TABLE);  // the host's own box opens the objects
+    ASSERT_EQ(box.View().ListCtrlText(TABLES, 2, 0), "objects");
+    EXPECT_EQ(box.View().ListCtrlText(TABLES, 0, 1), "UTM Zone 55 (WGS 84)") << "still ticked";
+    box.CheckRow(TABLES, 1, true);
+    box.CheckRow(TABLES, 2, true);
     box.SetCheck(IN_DIRECTORY, 1);
     EXPECT_EQ(box.View().Text(DIRECTORY), m_folder.Path() + "/") << "the first ticked table's folder";
     box.Type(DIRECTORY, out);

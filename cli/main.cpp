@@ -52,6 +52,7 @@ int main(int argc, char** argv) {
   cli::AddImportCommand(app, options);
   cli::AddHotlinksCommand(app, options);
   cli::AddViewerCommand(app, options);
+  cli::AddReprojectCommand(app, options);
   cli::AddColorObjectsCommand(app, options);
   cli::AddSectionPlaneCommand(app, options);
   cli::AddWindowListCommand(app, options);

@@ -92,6 +92,19 @@ step "hotlinks: desktop paths" "$out/sites_desktop.gpkg" \
   "$([ "$reports" = 'C:\Surveys\site01.doc C:\Surveys\site02.doc photos\site03.jpg ' ] \
      && echo "ok: ogrinfo reads the new paths" || echo "FAILED: ogrinfo reads '$reports'")"
 
+say "Reproject two long/lat tables into UTM zone 55 as new tables with a suffix; one point of each before and after"
+mkdir -p "$out/reproject" && cp "$samples/objects.tab" "$samples/objects.gpkg" "$out/reproject/"
+# The second long/lat table: the sample sites, committed in longitude and latitude by the host.
+"$formkit" --data "$samples/sites.tab" host \
+  -c "Commit Table sites As \"$out/reproject/sites_ll.tab\" CoordSys Earth Projection 1, 104"
+"$formkit" --data "$out/reproject/objects.tab" --data "$out/reproject/sites_ll.tab" reproject objects sites_ll \
+  --to '8, 104, "m", 147, 0, 0.9996, 500000, 10000000' --projection-name 'UTM Zone 55 (WGS 84)' --suffix _utm \
+  | sed "s|$out/||"
+verdict=$("$python" "$here/check_reprojected.py" 32755 "$out/reproject/objects.gpkg" "$out/reproject/objects_utm.gpkg" \
+  "$out/reproject/sites_ll.gpkg" "$out/reproject/sites_ll_utm.gpkg" 2>"$out/reproject/points.txt")
+cat "$out/reproject/points.txt"
+step "reproject: long/lat to UTM" "$out/reproject/sites_ll_utm.gpkg" "$verdict"
+
 say "Store the colour of each sample object in three integer columns of a copy"
 "$formkit" --data "$samples/objects.tab" color-objects objects --columns Blue Green Red --mode 2 \
   -o "$out/objects_colours.tab"

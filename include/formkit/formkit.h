@@ -85,6 +85,11 @@ FK_API int ColorTableObjects(const char *table, const char *outputPath, const ch
    kept as the table's metadata keys. 1 when the box ended with OK. */
 FK_API int SetLayerSectionPlane(int32_t dispatch);
 
+/* "Reproject multiple tables": the ticked open tables into the projection
+   picked through the product script, overwritten or as new tables. 1 when
+   the box ended with OK. */
+FK_API int MultiReProject(int32_t dispatch);
+
 /* The window choosers of the add-on's script. `items` are "name" or
    "name\tsecond column"; `ticks` (one per item, above 0 ticked) and the
    method, pan flag and symbol text are written back on OK only, the symbol

@@ -4,6 +4,7 @@
 #include "frame/formkit_app.h"
 #include "maptools/color_objects.h"
 #include "maptools/contour.h"
+#include "maptools/reproject_dlg.h"
 #include "maptools/section_dlg.h"
 #include "maptools/window_list_dlg.h"
 #include "platform/app/module_guard.h"
@@ -46,6 +47,14 @@ extern "C" int SetLayerSectionPlane(int32_t dispatch) {
   return fk::GuardedCall("SetLayerSectionPlane", 0, [&] {
     theApp.Connect(dispatch, 1);
     CSectionDlg box;
+    return box.DoModal() == fk::ui::IDOK ? 1 : 0;
+  });
+}
+
+extern "C" int MultiReProject(int32_t dispatch) {
+  return fk::GuardedCall("MultiReProject", 0, [&] {
+    CReProjectDlg box;
+    theApp.Connect(dispatch, 1);
     return box.DoModal() == fk::ui::IDOK ? 1 : 0;
   });
 }

@@ -12,18 +12,13 @@ constexpr const char* kSecondWidth = "ProjColSize";
 constexpr int kDefaultNameWidth = 235;
 constexpr int kDefaultSecondWidth = 121;
 
-int StoredWidth(const char* section, const char* key, int defaultWidth) {
-  const fk::AppBase* app = fk::AppBase::Current();
-  return app ? app->GetProfileInt(section, key, defaultWidth) : defaultWidth;
-}
-
 }  // namespace
 
 bool CWindowListDlg::OnInitDialog() {
   View().ListCtrlInsertColumn(IDC_WINDOWS, 0, fk::LoadString(m_Columns.nameTitle),
-                              StoredWidth(m_Columns.section, kNameWidth, kDefaultNameWidth));
+                              fk::CurrentProfileInt(m_Columns.section, kNameWidth, kDefaultNameWidth));
   View().ListCtrlInsertColumn(IDC_WINDOWS, 1, fk::LoadString(m_Columns.secondTitle),
-                              StoredWidth(m_Columns.section, kSecondWidth, kDefaultSecondWidth));
+                              fk::CurrentProfileInt(m_Columns.section, kSecondWidth, kDefaultSecondWidth));
   for (std::size_t i = 0; i < m_Items.size(); ++i) {
     // Two blanks in front, then split at the first tab.
     const std::string item = "  " + m_Items[i];

@@ -24,11 +24,6 @@ constexpr unsigned IDS_MISSING = 2089;
 constexpr unsigned IDS_UNUSED = 2090;
 constexpr const char* kSection = "WorkspaceEdit";
 
-int StoredWidth(const char* key, int defaultWidth) {
-  const fk::AppBase* app = fk::AppBase::Current();
-  return app ? app->GetProfileInt(kSection, key, defaultWidth) : defaultWidth;
-}
-
 std::string NameAndExtension(const std::string& path) {
   const fk::PathParts parts = fk::SplitPath(path);
   return parts.fname + parts.ext;
@@ -38,8 +33,9 @@ std::string NameAndExtension(const std::string& path) {
 
 bool CWorkspaceEditorDlg::OnInitDialog() {
   View().SetCheck(IDC_SAVE_BACKUP, m_bSaveBackup);
-  View().ListCtrlInsertColumn(IDC_TABLES, 0, fk::LoadString(IDS_TABLE_NAME), StoredWidth("TableNameSize", 450));
-  View().ListCtrlInsertColumn(IDC_TABLES, 1, fk::LoadString(IDS_STATUS), StoredWidth("InfoSize", 100));
+  View().ListCtrlInsertColumn(IDC_TABLES, 0, fk::LoadString(IDS_TABLE_NAME),
+                              fk::CurrentProfileInt(kSection, "TableNameSize", 450));
+  View().ListCtrlInsertColumn(IDC_TABLES, 1, fk::LoadString(IDS_STATUS), fk::CurrentProfileInt(kSection, "InfoSize", 100));
   for (std::size_t i = 0; i < m_TablePaths.size(); ++i) {
     const int row = View().ListCtrlInsertRow(IDC_TABLES, static_cast<int>(i), m_TablePaths[i]);
     View().ListCtrlSetCheck(IDC_TABLES, row, true);

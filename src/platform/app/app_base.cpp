@@ -32,6 +32,11 @@ int AppBase::GetProfileInt(std::string_view section, std::string_view entry, int
   return GetProfile().GetInt(section, entry, defaultValue);
 }
 
+int CurrentProfileInt(std::string_view section, std::string_view entry, int defaultValue) {
+  const AppBase* app = AppBase::Current();
+  return app ? app->GetProfileInt(section, entry, defaultValue) : defaultValue;
+}
+
 bool AppBase::WriteProfileString(std::string_view section, std::string_view entry,
                                  std::optional<std::string_view> value) const {
   return GetProfile().WriteString(section, entry, value);

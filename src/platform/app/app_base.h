@@ -46,6 +46,10 @@ class AppBase {
   std::string m_pszProfileName;
 };
 
+// A profile integer of the module's application object; the default when
+// there is none (list column widths, window places).
+int CurrentProfileInt(std::string_view section, std::string_view entry, int defaultValue);
+
 // The module's apartment: calls into and out of the module are made on the
 // thread that loaded it. Records that thread; the flags are the apartment
 // kind the module asks for.

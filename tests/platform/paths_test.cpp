@@ -1,9 +1,14 @@
 // Paths taken apart, put together and found on disk; and settings files
 // with the results scripts expect from the system's profile-file calls.
 #include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <filesystem>
+#include <set>
+#include <sstream>
 #include <string>
 
 #include "platform/inifile/inifile.h"
@@ -98,6 +103,54 @@ TEST(IniFileTest, WritesKeepTheRestOfTheFileAndNeverMakeFolders) {
   EXPECT_TRUE(fk::WritePrivateProfileString("S", "K", "V", folder.Path() + "/new.ini")) << "a new file is made";
   EXPECT_FALSE(fk::WritePrivateProfileString("S", "K", "V", folder.Path() + "/missing/new.ini"));
   EXPECT_FALSE(std::filesystem::exists(folder.Path() + "/missing"));
+}
+
+// Writes keys "<prefix>0" to "<prefix><count - 1>" (value: the number), one
+// write each, in a child process; returns its id.
+pid_t WriteKeysInAChild(const std::string& file, const std::string& prefix, int count) {
+  const pid_t child = fork();
+  if (child == 0) {
+    for (int i = 0; i < count; ++i)
+      if (!fk::WritePrivateProfileString("Keys", prefix + std::to_string(i), std::to_string(i), file)) _exit(1);
+    _exit(0);
+  }
+  return child;
+}
+
+// How many keys "<prefix>0", "<prefix>1", ... the file holds in a row, each
+// with its own number; -1 when another key of the prefix is there too.
+int KeysInARow(const std::string& file, const std::string& prefix) {
+  std::set<std::string> lines;
+  std::istringstream text(ReadFile(file));
+  for (std::string line; std::getline(text, line);)
+    if (line.starts_with(prefix)) lines.insert(line);
+  int held = 0;
+  while (lines.count(prefix + std::to_string(held) + "=" + std::to_string(held) + "\r")) ++held;
+  return static_cast<int>(lines.size()) == held ? held : -1;
+}
+
+TEST(IniFileTest, TwoWritersAtOnceLoseNothingAndAKilledWriterLeavesAWholeFile) {
+  ScopedFolder folder;
+  const std::string file = folder.Path() + "/shared.ini";
+  constexpr int kWrites = 150;
+  const pid_t first = WriteKeysInAChild(file, "a", kWrites), second = WriteKeysInAChild(file, "b", kWrites);
+  for (const pid_t child : {first, second}) {
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << "every write succeeded";
+  }
+  EXPECT_EQ(KeysInARow(file, "a") + KeysInARow(file, "b"), 2 * kWrites);
+
+  // Killed in the middle of its writes: what is on disk reads whole, and
+  // holds the keys of every write that ended, in order.
+  const pid_t killed = WriteKeysInAChild(file, "c", 100000);
+  for (int wait = 0; wait < 20000 && fk::GetPrivateProfileString("Keys", "c20", "", 16, file).empty(); ++wait)
+    usleep(1000);
+  kill(killed, SIGKILL);
+  waitpid(killed, nullptr, 0);
+  EXPECT_GE(KeysInARow(file, "c"), 21);
+  EXPECT_EQ(KeysInARow(file, "a"), kWrites) << "the other values stay";
+  EXPECT_TRUE(ReadFile(file).ends_with("\r\n"));
 }
 
 }  // namespace

@@ -6,9 +6,13 @@
 #define SI_IMPLEMENTATION
 #include <SimpleIni.h>
 
+#include <unistd.h>
+
 #include <filesystem>
 #include <memory>
 
+#include "platform/files/file_lock.h"
+#include "platform/files/files.h"
 #include "platform/paths/paths.h"
 #include "platform/text/text_file.h"
 
@@ -32,13 +36,18 @@ bool Load(CSimpleIniA& ini, const std::string& nativePath) {
   return ini.LoadFile(nativePath.c_str()) >= 0;
 }
 
-bool Save(const CSimpleIniA& ini, std::string_view file) {
+// Writes the whole text beside the file and puts it in the file's place in
+// one step, so that a writer stopped halfway leaves the old file whole.
+bool Save(const CSimpleIniA& ini, const std::string& nativePath) {
   std::string text;
   if (ini.Save(text) < 0) return false;
+  const std::string temporary = nativePath + ".~" + std::to_string(::getpid());
   TextWriter writer;
-  if (!writer.Open(file)) return false;
+  if (!writer.Open(temporary)) return false;
   writer.Write(text);
-  return writer.Close();
+  if (writer.Close() && ReplaceFile(temporary, nativePath)) return true;
+  RemoveFile(temporary);
+  return false;
 }
 
 }  // namespace
@@ -57,8 +66,12 @@ std::string GetPrivateProfileString(std::string_view section, std::string_view k
 
 bool WritePrivateProfileString(std::string_view section, std::optional<std::string_view> key,
                                std::optional<std::string_view> value, std::string_view file) {
+  const std::string nativePath = Native(file);
+  // Read, change and write back under the file's lock: two processes
+  // writing at once each keep the other's values.
+  const FileLock lock(nativePath);
   auto ini = NewIniFile();
-  if (!Load(*ini, Native(file))) return false;
+  if (!lock.Held() || !Load(*ini, nativePath)) return false;
   const std::string sectionName(section);
   if (!key) {
     ini->Delete(sectionName.c_str(), nullptr);
@@ -67,7 +80,7 @@ bool WritePrivateProfileString(std::string_view section, std::optional<std::stri
   } else if (ini->SetValue(sectionName.c_str(), std::string(*key).c_str(), std::string(*value).c_str()) < 0) {
     return false;
   }
-  return Save(*ini, file);
+  return Save(*ini, nativePath);
 }
 
 }  // namespace fk

@@ -6,6 +6,8 @@
 #include <memory>
 #include <system_error>
 
+#include "platform/files/file_lock.h"
+
 namespace fk {
 namespace {
 
@@ -85,11 +87,17 @@ bool InsertKeyPath(sqlite3* db, const std::string& key) {
   return true;
 }
 
-// Runs `work` in one write transaction; commits when it succeeds.
+// Runs `work` in one write transaction; commits when it succeeds. Writers
+// of the hive take turns through a lock file beside it, on which a waiting
+// process sleeps until its turn: the store's own retries alone let a busy
+// writer starve another past its timeout. (A lock on the hive's own file
+// would end the store's locks on it when released.)
 template <typename Work>
 bool WriteTransaction(Hive hive, Work&& work) {
   Db db = OpenHive(hive, true);
   if (!db) return false;
+  const FileLock turn(Registry::HiveFile(hive).string() + ".lock");
+  if (!turn.Held()) return false;
   if (sqlite3_exec(db.get(), "BEGIN IMMEDIATE", nullptr, nullptr, nullptr) != SQLITE_OK) return false;
   const bool ok = sqlite3_exec(db.get(), kSchema, nullptr, nullptr, nullptr) == SQLITE_OK && work(db.get());
   return sqlite3_exec(db.get(), ok ? "COMMIT" : "ROLLBACK", nullptr, nullptr, nullptr) == SQLITE_OK && ok;

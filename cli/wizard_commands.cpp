@@ -87,8 +87,7 @@ void AddWizardCommand(CLI::App& app, const GlobalOptions& options, const char* n
                       decltype(DrillHoleWiz)* wizard) {
   auto o = std::make_shared<WizardOptions>();
   CLI::App* command = app.add_subcommand(name, description);
-  command->add_option("collar", o->collar, "The collar table: an open table (see --data) or a table file")
-      ->required();
+  command->add_option("collar", o->collar, "The collar table: an open table (see --data) or a table file")->required();
   command->add_option("survey", o->survey, "The survey table")->required();
   command->add_option("data", o->data, "The downhole data tables");
   CLI::Option* holes = command->add_option("--holes", o->holes, "The hole ids to show")->type_name("ID");
@@ -101,8 +100,9 @@ void AddWizardCommand(CLI::App& app, const GlobalOptions& options, const char* n
   command->add_option("--suffix", o->suffix, "The suffix of the subset tables, and the series' name");
   command->footer(Example(std::string("dbus-run-session -- sh -c '{formkit} viewer register {viewer} && "
                                       "{formkit} --data {samples} ") +
-                          name + " collars surveys assays lithology --holes BD001 BD003 BD005 --permanent . && "
-                                 "{formkit} viewer stop'"));
+                          name +
+                          " collars surveys assays lithology --holes BD001 BD003 BD005 --permanent . && "
+                          "{formkit} viewer stop'"));
   OnRun(command, options, [&options, o, wizard] {
     if (o->holes.empty() && !o->fromSelection) throw UsageError("name the holes with --holes, or --from-selection");
     RunWizard(options, *o, wizard);
@@ -112,8 +112,7 @@ void AddWizardCommand(CLI::App& app, const GlobalOptions& options, const char* n
 }  // namespace
 
 void AddWizardCommands(CLI::App& app, const GlobalOptions& options) {
-  AddWizardCommand(app, options, "drillholes", "Show a drillhole project in the 3D viewer as one series",
-                   DrillHoleWiz);
+  AddWizardCommand(app, options, "drillholes", "Show a drillhole project in the 3D viewer as one series", DrillHoleWiz);
   AddWizardCommand(app, options, "trenches", "Show a trench project in the 3D viewer as one series", TrenchWiz);
 }
 

@@ -26,12 +26,12 @@ int RunWizard(const SeriesWizardKind& kind, int32_t dispatch, const char* collar
 
 }  // namespace
 
-extern "C" int DrillHoleWiz(int32_t dispatch, const char* collarTable, const char* startFolder,
-                            const char* collarFile, const char* surveyFile, const char*, const char*,
-                            int32_t dataCount, const char** dataFiles, int32_t showDialog) {
+extern "C" int DrillHoleWiz(int32_t dispatch, const char* collarTable, const char* startFolder, const char* collarFile,
+                            const char* surveyFile, const char*, const char*, int32_t dataCount, const char** dataFiles,
+                            int32_t showDialog) {
   return fk::GuardedCall("DrillHoleWiz", 0, [&] {
-    return RunWizard(DRILLHOLE_WIZARD, dispatch, collarTable, startFolder, collarFile, surveyFile, dataCount,
-                     dataFiles, showDialog);
+    return RunWizard(DRILLHOLE_WIZARD, dispatch, collarTable, startFolder, collarFile, surveyFile, dataCount, dataFiles,
+                     showDialog);
   });
 }
 

@@ -76,9 +76,9 @@ int ShowSeries(ViewerSession session, const SeriesWizardKind& kind, const Series
   std::int32_t found = 0;
   viewer.FindSeries(view, kind.seriesKind, request.series, found);
   // Yes refreshes; on either answer the series is added again.
-  if (found != 0 && fk::ui::CurrentUi().GetPrompter().MessageBox(
-                        fk::FormatString(kind.refreshQuestion, {request.questionName}), fk::ui::MB_YESNO) ==
-                        fk::ui::IDYES)
+  if (found != 0 &&
+      fk::ui::CurrentUi().GetPrompter().MessageBox(fk::FormatString(kind.refreshQuestion, {request.questionName}),
+                                                   fk::ui::MB_YESNO) == fk::ui::IDYES)
     RefreshSeries(viewer, kind, view, request.series);
   int result = 0;
   if (view >= 0) {
@@ -93,9 +93,7 @@ int ShowSeries(ViewerSession session, const SeriesWizardKind& kind, const Series
   return result;
 }
 
-std::vector<std::int32_t> RowList(const std::vector<std::intptr_t>& rows) {
-  return {rows.begin(), rows.end()};
-}
+std::vector<std::int32_t> RowList(const std::vector<std::intptr_t>& rows) { return {rows.begin(), rows.end()}; }
 
 }  // namespace
 

@@ -15,9 +15,9 @@ struct SeriesWizardArgs {
   std::string collarTable;  // every ".tab" in it is taken out
   std::string startFolder;  // where the folder picker starts
   std::string collarFile;
-  std::string surveyFile;   // empty: no survey
+  std::string surveyFile;  // empty: no survey
   std::vector<std::string> dataFiles;
-  bool showDialog = true;   // false: no box, no name, the tables whole
+  bool showDialog = true;  // false: no box, no name, the tables whole
 };
 
 // On a connected host session: 1 when the series reached the viewer, else 0.

@@ -18,16 +18,16 @@ struct WizardMemory {
 };
 
 struct SeriesWizardKind {
-  unsigned listTableText;      // the host's table of chosen holes; 0: "_CollarSubset"
+  unsigned listTableText;  // the host's table of chosen holes; 0: "_CollarSubset"
   unsigned groupTitle;
   unsigned caption;
-  bool trench;                 // the box's suffix texts for trenches
-  unsigned dialogSuffixText;   // the suffix set just before the box opens; 0: the box's own
-  const char* surveySortKey;   // the survey's metadata key of its second sort column
-  std::int32_t seriesKind;     // looked for and added under this kind
+  bool trench;                // the box's suffix texts for trenches
+  unsigned dialogSuffixText;  // the suffix set just before the box opens; 0: the box's own
+  const char* surveySortKey;  // the survey's metadata key of its second sort column
+  std::int32_t seriesKind;    // looked for and added under this kind
   unsigned refreshQuestion;
-  unsigned failureText;        // shown when the viewer fails the series
-  WizardMemory& (*memory)();   // made at the first call
+  unsigned failureText;       // shown when the viewer fails the series
+  WizardMemory& (*memory)();  // made at the first call
 };
 
 extern const SeriesWizardKind DRILLHOLE_WIZARD;

@@ -16,12 +16,12 @@
 #include "support/viewer_program.h"
 #include "viewer/viewer_link.h"
 
+using fk::ui::HeadlessDialog;
 using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsSupersetOf;
 using ::testing::Not;
-using fk::ui::HeadlessDialog;
 
 namespace {
 
@@ -60,7 +60,8 @@ class ViewerProgramWizards : public ViewerProgram {
     m_emulator.AddScript("terravik.cbx");
     ASSERT_EQ(g_Cartoma.Connect(m_registration.Handle(), 1), 1);
     ASSERT_EQ(SetTempFileDirectory((m_folder.Path() + "/").c_str()), 1);
-    for (const char* table : {"collars", "surveys", "assays", "lithology"}) m_files.push_back(CopySample(m_folder, table));
+    for (const char* table : {"collars", "surveys", "assays", "lithology"})
+      m_files.push_back(CopySample(m_folder, table));
     // The lithology table stays closed in the host.
     for (std::size_t i = 0; i < 3; ++i) ASSERT_TRUE(g_Cartoma.OpenTable(m_files[i].c_str(), nullptr, 0, 0));
   }
@@ -77,7 +78,8 @@ class ViewerProgramWizards : public ViewerProgram {
     const std::vector<std::string> calls = Calls();
     return {calls.begin() + static_cast<std::ptrdiff_t>(before), calls.end()};
   }
-  // The box closed with OK under the series name `series`, the whole dataset.
+  // The box closed with OK under the series name `series`, the whole
+  // dataset, and `answer` to the refresh question.
   void NamedSeries(const std::string& series, int answer) {
     m_ui.OnDialog(1026, [series](HeadlessDialog& box) {
       box.Type(1138, series);
@@ -97,8 +99,8 @@ TEST_F(ViewerProgramWizards, ChosenHolesBecomeOneSeriesOfWholeOrSubsetTablesAndA
   const std::vector<std::string> whole = Run(1, DrillHoleWiz, 0);
   EXPECT_TRUE(m_ui.Ran().empty());
   EXPECT_THAT(whole, IsSupersetOf(Lines{"TV.InterfaceCOM 47 flags=0 3:1 3:4 " + TextList({""}) + " 4003:0",
-                                   "TV.InterfaceCOM 38 flags=0 3:1 " + TextList(m_files) + " 3:0 3:4",
-                                   "TV.InterfaceCOM 41 flags=0 3:1 3:4 " + TextList({""})}));
+                                        "TV.InterfaceCOM 38 flags=0 3:1 " + TextList(m_files) + " 3:0 3:4",
+                                        "TV.InterfaceCOM 41 flags=0 3:1 3:4 " + TextList({""})}));
   EXPECT_THAT(Members(whole), Not(Contains("TV.InterfaceCOM 42")));
 
   // Two holes selected on the map arrive chosen, a third is added, and
@@ -122,9 +124,9 @@ TEST_F(ViewerProgramWizards, ChosenHolesBecomeOneSeriesOfWholeOrSubsetTablesAndA
   }
   const std::vector<std::string> files = {Subset("collars"), Subset("surveys"), Subset("assays"), m_files[3]};
   EXPECT_THAT(subset, IsSupersetOf(Lines{"TV.InterfaceCOM 38 flags=0 3:1 " + TextList(files) + " 3:0 3:4",
-                                    "TV.InterfaceCOM 41 flags=0 3:1 3:4 " + TextList({"_subset"}),
-                                    "TV.InterfaceCOM 49 flags=0 " + TextList(files) + " 3:5 4003:-1",
-                                    "TV.InterfaceCOM 42 flags=0 3:1 8:\"_subset\" 3:1 400c:[3;0|3:0,3:1,3:2]"}));
+                                         "TV.InterfaceCOM 41 flags=0 3:1 3:4 " + TextList({"_subset"}),
+                                         "TV.InterfaceCOM 49 flags=0 " + TextList(files) + " 3:5 4003:-1",
+                                         "TV.InterfaceCOM 42 flags=0 3:1 8:\"_subset\" 3:1 400c:[3;0|3:0,3:1,3:2]"}));
 
   // A series of that name the wizard did not make: Yes takes it out under
   // kind 4 and reloads every open project.
@@ -137,8 +139,9 @@ TEST_F(ViewerProgramWizards, ChosenHolesBecomeOneSeriesOfWholeOrSubsetTablesAndA
   const std::vector<std::string> everyProject = Run(1, DrillHoleWiz, 1);
   EXPECT_EQ(m_ui.Prompts().Shown().at(0).text,
             "Drillhole series 'collars' is aready open in 3D. Do you wish to refresh the data?");
-  EXPECT_THAT(everyProject, IsSupersetOf(Lines{"TV.InterfaceCOM 46 flags=0 3:1 3:4 400c:[c;0|8:\"Old holes\",b:true]",
-                                          "TV.InterfaceSurveyCOM 6 flags=0 3:0", "TV.InterfaceSurveyCOM 6 flags=0 3:1"}));
+  EXPECT_THAT(everyProject,
+              IsSupersetOf(Lines{"TV.InterfaceCOM 46 flags=0 3:1 3:4 400c:[c;0|8:\"Old holes\",b:true]",
+                                 "TV.InterfaceSurveyCOM 6 flags=0 3:0", "TV.InterfaceSurveyCOM 6 flags=0 3:1"}));
   // Now the wizard's memory names the project of the whole tables; No
   // takes nothing out.
   NamedSeries("Old holes", fk::ui::IDYES);
@@ -175,7 +178,7 @@ TEST_F(ViewerProgramWizards, ChosenHolesBecomeOneSeriesOfWholeOrSubsetTablesAndA
   NamedSeries("_trenches", fk::ui::IDYES);
   const std::vector<std::string> again = Run(1, TrenchWiz, 1);
   EXPECT_THAT(again, IsSupersetOf(Lines{"TV.InterfaceCOM 47 flags=0 3:1 3:12 " + TextList({"_trenches"}) + " 4003:0",
-                                   "TV.InterfaceCOM 46 flags=0 3:1 3:4 400c:[c;0|8:\"_trenches\",b:true]"}));
+                                        "TV.InterfaceCOM 46 flags=0 3:1 3:4 400c:[c;0|8:\"_trenches\",b:true]"}));
 
   // The viewer refuses a file: the guard's text, the viewer's own, and 0.
   m_ui.Prompts().Clear();

@@ -183,6 +183,36 @@ step "viewer: DXF, series, state" "$out/site.3ds" \
   "$([ "$shown" = 2 ] && [ "$lines" = True ] && [ -s "$out/site.wor" ] \
      && echo "ok: python reads the state's lines and the viewer's JSON" || echo "FAILED: shown '$shown', lines '$lines'")"
 
+say "Show three sample holes in the 3D viewer simulator as a subset of the drillhole tables"
+mkdir -p "$out/holes"
+dbus-run-session -- bash -c '"$0" viewer register "$1/viewer/Terravik3D.exe" --timeout 10000 &&
+  "$0" --data "$2" drillholes collars surveys assays lithology --holes BD001 BD003 BD005 --permanent "$3/holes" &&
+  "$0" viewer save-state "$3/holes/holes.3ds"; "$0" viewer stop' "$formkit" "$build" "$samples" "$out" 2>&1 \
+  | grep -v '^dbus-daemon' | tee "$out/holes.txt"
+# The series the viewer holds, from its saved state, each file's rows as GDAL reads them.
+series=$("$python" -c 'import json, sys
+from osgeo import ogr
+session = json.load(open(sys.argv[1]))
+datasets = dict((d["id"], d) for d in session["datasets"])
+good = 0
+for o in session["objects"]:
+    if o["kind"] not in (4, 12):
+        continue
+    dataset = datasets[o["dataset"]]
+    print("series %s (kind %d): rows %s of the collar table" % (json.dumps(o["name"]), o["kind"], o["values"]))
+    read = []
+    for file, rows in zip(dataset["files"], dataset["rows"]):
+        path = file.replace(chr(92), "/")
+        gpkg = ogr.Open(path[:-4] + ".gpkg")
+        read.append(gpkg.GetLayer(0).GetFeatureCount() if gpkg else -1)
+        print("  %-22s %3d rows, GDAL reads %d" % (path.rsplit("/", 1)[1], rows, read[-1]))
+    good += o["values"] == [0, 1, 2] and read == dataset["rows"] and read[0] == 3
+print("ok" if good == 1 else "FAILED")' "$out/holes/holes.ogs" 2>&1)
+printf '%s\n' "$series" | sed '$d'
+step "drillholes: subset in 3D" "$out/holes/holes.ogs" \
+  "$([ "$(printf '%s\n' "$series" | tail -n 1)" = ok ] \
+     && echo "ok: python reads one series of 3 holes, GDAL the rows of its 4 tables" || echo "FAILED: $series")"
+
 printf '\n%-30s %-22s %8s  %s\n' step output bytes "checked by a peer"
 for row in "${rows[@]}"; do
   IFS='|' read -r name file size check <<<"$row"

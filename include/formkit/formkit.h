@@ -159,6 +159,17 @@ FK_API int LoadTabPoints(const char *name, const char *path);
 FK_API int LoadTabLines(const char *name, const char *path);
 /* 1 when the viewer runs and holds an open drillhole project. */
 FK_API int IsDrillHoleProjectOpen(void);
+/* The drillhole and trench wizards: the holes of the collar table chosen
+   in a box (none with show_dialog 0), the tables whole or cut to those
+   holes, and one series in the viewer restricted to them. `data_files`
+   holds `data_count` paths; the two unused arguments are never read.
+   1 when the series reached the viewer. */
+FK_API int DrillHoleWiz(int32_t dispatch, const char *collar_table, const char *start_folder,
+                        const char *collar_file, const char *survey_file, const char *unused1, const char *unused2,
+                        int32_t data_count, const char **data_files, int32_t show_dialog);
+FK_API int TrenchWiz(int32_t dispatch, const char *collar_table, const char *start_folder, const char *collar_file,
+                     const char *survey_file, const char *unused1, const char *unused2, int32_t data_count,
+                     const char **data_files, int32_t show_dialog);
 FK_API int SetTempFileDeleteOnDestoy(int flag);
 FK_API int SetTempFileDirectory(const char *directory);
 

@@ -9,6 +9,7 @@
 #include "platform/paths/paths.h"
 #include "platform/text/letter_case.h"
 #include "platform/text/trim.h"
+#include "vector_file.h"
 #include "viewer_ids.h"
 
 namespace tv {
@@ -104,7 +105,10 @@ int Scene::OpenFiles(const std::vector<std::string>& files, int kind) {
   if (const std::optional<int> known = FindDataset(files, type)) return *known;
   // Datasets count from 0, and each is the project of the same number.
   const int id = static_cast<int>(m_datasets.size());
-  m_datasets.push_back({id, type, files});
+  std::vector<long> rows;
+  if (type == 5)
+    for (const std::string& file : files) rows.push_back(CountTableRows(file));
+  m_datasets.push_back({id, type, files, rows});
   m_projects.push_back({id, true, 0});
   return id;
 }
@@ -133,7 +137,23 @@ void Scene::AddSeries(int view, Series series) {
       return;
     }
   }
-  objects.push_back({series.kind, series.name, series.rows, {}});
+  objects.push_back({series.kind, series.name, series.rows, {}, series.dataset});
+}
+
+void Scene::SelectDrillholes(int view, const std::string& name, int dataset, const std::vector<std::int32_t>& rows) {
+  CheckView(view);
+  const Dataset* holes = DatasetById(dataset);
+  if (!holes || holes->kind != 5) Fail("There is no drillhole dataset " + std::to_string(dataset) + ".");
+  for (std::int32_t row : rows)
+    if (row < 0 || row >= holes->rows.front()) Fail("The collar table has no row " + std::to_string(row) + ".");
+  for (SceneObject& object : m_objects[view]) {
+    if ((object.kind == kind::kDrillholeSeries || object.kind == kind::kTrenchSeries) && object.name == name) {
+      object.values = rows;
+      object.dataset = dataset;
+      return;
+    }
+  }
+  Fail("There is no drillhole or trench series '" + name + "'.");
 }
 
 }  // namespace tv

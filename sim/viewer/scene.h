@@ -18,12 +18,14 @@ struct SceneObject {
   std::string name;                         // the file, or the series' name
   std::vector<std::int32_t> values;         // the integers that came with it
   std::vector<std::string> removedMembers;  // of an image file: members taken out of the view
+  int dataset = -1;                         // of a drillhole or trench series: the dataset it shows
 };
 
 struct Dataset {
   int id = 0;
   int kind = 0;  // the dataset type: 5 for drillhole files, 4 for a table file
   std::vector<std::string> files;
+  std::vector<long> rows;  // of a drillhole dataset: the rows of each table file
 };
 
 struct Series {
@@ -51,12 +53,16 @@ class Scene {
   const std::vector<SceneObject>& Objects(int view) const;
 
   // Opens table files as one dataset (and a project); its id. Files opened
-  // as drillhole series (kind 4) make a drillhole dataset (type 5), a table
-  // file opened as a point series (kind 7) a table dataset (type 4).
+  // as drillhole series (kind 4) make a drillhole dataset (type 5), whose
+  // tables are read for their rows; a table file opened as a point series
+  // (kind 7) a table dataset (type 4).
   int OpenFiles(const std::vector<std::string>& files, int kind);
   std::optional<int> FindDataset(const std::vector<std::string>& files, int type) const;
   const Dataset* DatasetById(int id) const;
   void AddSeries(int view, Series series);
+  // Restricts the drillhole or trench series `name` to `rows` of its
+  // dataset's collar table (the first file), counted from 0.
+  void SelectDrillholes(int view, const std::string& name, int dataset, const std::vector<std::int32_t>& rows);
 
   std::vector<Project>& Projects() { return m_projects; }
 

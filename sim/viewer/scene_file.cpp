@@ -1,5 +1,6 @@
-// The scene as a session file: JSON with the map window, its objects, the
-// datasets, the projects and the log file.
+// The scene as a session file: JSON with the map window, its objects (a
+// series with its rows and dataset), the datasets (a drillhole dataset with
+// the rows of each file), the projects with their refreshes and the log file.
 #include <fstream>
 #include <nlohmann/json.hpp>
 
@@ -18,12 +19,14 @@ void Scene::Save(const std::string& path) const {
                          {"kind", object.kind},
                          {"name", object.name},
                          {"values", object.values},
-                         {"removed", object.removedMembers}});
+                         {"removed", object.removedMembers},
+                         {"dataset", object.dataset}});
   json datasets = json::array();
   for (const Dataset& dataset : m_datasets)
-    datasets.push_back({{"id", dataset.id}, {"kind", dataset.kind}, {"files", dataset.files}});
+    datasets.push_back({{"id", dataset.id}, {"kind", dataset.kind}, {"files", dataset.files}, {"rows", dataset.rows}});
   json projects = json::array();
-  for (const Project& project : m_projects) projects.push_back({{"dataset", project.dataset}, {"open", project.open}});
+  for (const Project& project : m_projects) projects.push_back(
+        {{"dataset", project.dataset}, {"open", project.open}, {"refreshes", project.refreshes}});
   const json session = {{"mapWindow", m_nMapWindow},
                         {"objects", objects},
                         {"datasets", datasets},
@@ -44,12 +47,14 @@ void Scene::Load(const std::string& path) {
     for (const json& o : session.at("objects"))
       loaded.m_objects[o.at("view").get<int>()].push_back({o.at("kind").get<int>(), o.at("name").get<std::string>(),
                                                            o.at("values").get<std::vector<std::int32_t>>(),
-                                                           o.at("removed").get<std::vector<std::string>>()});
+                                                           o.at("removed").get<std::vector<std::string>>(),
+                                                           o.value("dataset", -1)});
     for (const json& d : session.at("datasets"))
       loaded.m_datasets.push_back(
-          {d.at("id").get<int>(), d.at("kind").get<int>(), d.at("files").get<std::vector<std::string>>()});
+          {d.at("id").get<int>(), d.at("kind").get<int>(), d.at("files").get<std::vector<std::string>>(),
+           d.value("rows", std::vector<long>())});
     for (const json& p : session.at("projects"))
-      loaded.m_projects.push_back({p.at("dataset").get<int>(), p.at("open").get<bool>(), 0});
+      loaded.m_projects.push_back({p.at("dataset").get<int>(), p.at("open").get<bool>(), p.value("refreshes", 0)});
     loaded.m_strLogFile = session.at("logFile").get<std::string>();
     m_nMapWindow = loaded.m_nMapWindow;
     m_objects = std::move(loaded.m_objects);

@@ -3,7 +3,10 @@
 #include <gdal.h>
 #include <ogr_api.h>
 
+#include <filesystem>
+
 #include "platform/paths/paths.h"
+#include "platform/text/letter_case.h"
 #include "scene.h"
 
 namespace tv {
@@ -18,6 +21,16 @@ long CountVectorFeatures(const std::string& path) {
     count += static_cast<long>(OGR_L_GetFeatureCount(GDALDatasetGetLayer(dataset, i), TRUE));
   GDALClose(dataset);
   return count;
+}
+
+}  // namespace tv
+
+namespace tv {
+
+long CountTableRows(const std::string& path) {
+  std::filesystem::path file(fk::Native(path));
+  if (fk::EqualsNoCase(file.extension().string(), ".tab")) file.replace_extension(".gpkg");
+  return CountVectorFeatures(file.string());
 }
 
 }  // namespace tv

@@ -10,4 +10,8 @@ namespace tv {
 // the file can't be read as vector data.
 long CountVectorFeatures(const std::string& path);
 
+// The rows of a table file: a host table file (.tab) keeps them in the
+// GeoPackage beside it; other vector data holds them itself.
+long CountTableRows(const std::string& path);
+
 }  // namespace tv

@@ -29,7 +29,7 @@ inline constexpr int kGetName = 3;
 
 // Kinds of object in a view.
 namespace kind {
-inline constexpr int kImage = 6, kImageMember = -2;
+inline constexpr int kDrillholeSeries = 4, kImage = 6, kTrenchSeries = 12, kImageMember = -2;
 }
 
 }  // namespace tv

@@ -135,8 +135,11 @@ Variant ViewerObject::Answer(std::int32_t dispid, std::span<Variant> args) {
       return AddObject(CallArgs("AddObject", args, 3));
     case id::kAddObjectAlternate:
       return AddObject(CallArgs("AddObjectAlternate", args, 3));
-    case id::kSelectDrillholes:
-      return AddSeries("SelectDrillholes", args, 4);
+    case id::kSelectDrillholes: {
+      const CallArgs a("SelectDrillholes", args, 4);
+      scene.SelectDrillholes(a.Int(0), a.Text(1), a.Int(2), a.IntList(3));
+      return Done();
+    }
     case id::kAddPointCloudSeries:
       return AddSeries("AddPointCloudSeries", args, 7);
     case id::kAddLineSeries:

@@ -39,9 +39,10 @@ class CSelectFieldsDlg : public fk::ui::DialogController {
   void OnButton(int id) override;
   // Moves the chosen entries (all of them with `all`) from one list to the other.
   void MoveEntries(int from, int to, bool all);
+  // Adds the names with their item data; a name beyond the data gets 0.
+  void FillList(int id, const std::vector<std::string>& names, const std::vector<std::intptr_t>& data);
 
  private:
-  void FillList(int id, const std::vector<std::string>& names, const std::vector<std::intptr_t>& data);
   void ReadList(int id, std::vector<std::string>& names, std::vector<std::intptr_t>& data);
 };
 

@@ -6,6 +6,7 @@
 #include "platform/text/string_table.h"
 #include "platform/ui/ui_backend.h"
 #include "viewer/viewer_dispids.h"
+#include "viewer/viewer_failure.h"
 #include "viewer/viewer_loading.h"
 #include "viewer/viewer_process.h"
 
@@ -19,13 +20,6 @@ constexpr int kTableDataset = 4;
 const std::vector<std::int32_t> kAllRows = {-1};
 
 fk::ui::Prompter& Prompter() { return fk::ui::CurrentUi().GetPrompter(); }
-
-// A failure of the viewer inside a guarded step: the loader's own text when
-// it has one, then the failure's report.
-void Report(const fk::Exception& failure, unsigned text) {
-  if (text) Prompter().MessageBox(fk::LoadString(text), fk::ui::MB_OK);
-  Prompter().MessageBox(failure.GetErrorMessage(1024), fk::ui::MB_OK);
-}
 
 // The series removed, and its file's project refreshed when the viewer
 // knows a dataset for it.
@@ -70,7 +64,7 @@ int LoadTabSeries(ViewerSession session, const TabSeriesKind& kind, const std::s
         viewer.OpenFiles(view, filePair, OBJECT_POINT_SERIES) != 1)
       result = 0;
   } catch (const fk::Exception& failure) {
-    Report(failure, kind.loadFailedText);
+    ReportViewerFailure(failure, kind.loadFailedText);
     result = 0;
   }
   if (result) {
@@ -83,7 +77,7 @@ int LoadTabSeries(ViewerSession session, const TabSeriesKind& kind, const std::s
         viewer.AddPointCloudSeries(view, series, dataset, kAllRows);
       ShowHelpHint(session, kind.helpTopic);
     } catch (const fk::Exception& failure) {
-      Report(failure, kind.addFailedText);
+      ReportViewerFailure(failure, kind.addFailedText);
       result = 0;
     }
   }

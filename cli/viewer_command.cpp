@@ -11,6 +11,7 @@
 #include "formkit/formkit.h"
 #include "host_session.h"
 #include "platform/files/files.h"
+#include "platform/paths/paths.h"
 #include "platform/registry/registry.h"
 #include "platform/text/letter_case.h"
 #include "platform/ui/dialog_view.h"
@@ -82,6 +83,25 @@ void Series(const ViewerOptions& o) {
   if (done != 1) throw ToolFailure("the viewer did not show " + o.file + " as " + o.kind);
 }
 
+// The series loaders as a command of their own: the series is named after
+// the table file unless --name says otherwise.
+void AddSeriesCommand(CLI::App& app, const GlobalOptions& options) {
+  auto o = std::make_shared<ViewerOptions>();
+  CLI::App* series = ProductLeaf(&app, options, "series", "Show a table file in the 3D viewer as a point or line series",
+                                 [o] {
+                                   if (o->name.empty()) o->name = fk::SplitPath(o->file).fname;
+                                   Series(*o);
+                                 });
+  series->add_option("kind", o->kind, "points or lines")->required()->check(CLI::IsMember({"points", "lines"}));
+  series->add_option("file", o->file, "The table file")->required();
+  series->add_option("--name", o->name, "The series' display name");
+  series->add_flag("--refresh", o->refresh, "Refresh a series open already");
+  series->footer(Example(
+      "dbus-run-session -- sh -c '{formkit} viewer register {viewer} && "
+      "{formkit} series points {samples}/collars.tab && {formkit} series lines {samples}/objects.tab --name Plan && "
+      "{formkit} viewer stop'"));
+}
+
 }  // namespace
 
 void AddViewerCommand(CLI::App& app, const GlobalOptions& options) {
@@ -124,6 +144,7 @@ void AddViewerCommand(CLI::App& app, const GlobalOptions& options) {
   series->add_option("file", o->file, "The table file")->required();
   series->add_flag("--refresh", o->refresh, "Refresh a series open already");
   ProductLeaf(viewer, options, "stop", "Ask the viewer to quit", [] { ShutdownTerravik3D(); });
+  AddSeriesCommand(app, options);
 }
 
 }  // namespace cli

@@ -170,6 +170,15 @@ TEST_F(ViewerProgram, TableFilesBecomePointAndLineSeriesAndARefreshReloadsThePro
   EXPECT_THAT(lines, ::testing::Contains(
                          "TV.InterfaceCOM 52 flags=0 3:1 8:\"Holes as Lines\" 3:0 400c:[3;0|3:-1]"));
 
+  // The viewer refuses a file: the line loader tells it in the point
+  // loader's words, gives 0 and leaves the viewer detached.
+  m_ui.Prompts().Clear();
+  const std::string gone = m_folder.Path() + "/gone.tab";
+  EXPECT_EQ(LoadTabLines("Gone", gone.c_str()), 0);
+  ASSERT_FALSE(m_ui.Prompts().Shown().empty());
+  EXPECT_EQ(m_ui.Prompts().Shown().at(0).text, "AddPointCloudSeries OpenFile Exception");
+  EXPECT_EQ(Members(Calls()).back(), "TV.InterfaceCOM 2");
+
   // The opened table is a project; both attachments end, the survey's first.
   const std::vector<std::string> query = callsOf([] { return IsDrillHoleProjectOpen(); });
   EXPECT_THAT(Members(query), ElementsAre("TV.InterfaceCOM 1", "TV.InterfaceSurveyCOM 1", "TV.InterfaceSurveyCOM 8",

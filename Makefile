@@ -65,14 +65,14 @@ coverage: deps
 
 # The whole suite built with the address and undefined-behaviour sanitizers,
 # in a build folder of its own. Leaks of the toolkit and of GLib's type
-# system, which live as long as the process, are not reported. The service
-# libraries are named by folder: the sanitizers' runtime opens them for the
-# test program, without its run path.
+# system, which live as long as the process, are not reported. The
+# sanitizer's runtime is loaded first into every process, so that programs
+# built without it (python with ctypes) can load the library too.
 SANITIZE_BUILD ?= build-asan
 test-sanitize: deps
 	cmake -S . -B $(SANITIZE_BUILD) -G Ninja -DCMAKE_BUILD_TYPE=Debug -DFORMKIT_SANITIZE=ON
 	cmake --build $(SANITIZE_BUILD) -j $(JOBS)
-	ASAN_OPTIONS=detect_leaks=0 UBSAN_OPTIONS=print_stacktrace=1 LD_LIBRARY_PATH=$(CURDIR)/$(SANITIZE_BUILD) \
+	ASAN_OPTIONS=detect_leaks=0 UBSAN_OPTIONS=print_stacktrace=1 LD_PRELOAD=$$(gcc -print-file-name=libasan.so) \
 	  ctest --test-dir $(SANITIZE_BUILD) --output-on-failure -j $(JOBS)
 
 # The fuzz targets (libFuzzer, with clang), each run for FUZZ_SECONDS on a

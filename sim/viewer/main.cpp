@@ -11,7 +11,8 @@
 // FILE; --own-after waits MS milliseconds before taking the names. A viewer
 // started by the library gets only its product switch, so the environment
 // gives the defaults of the last three: TV_SIM_RECORD, TV_SIM_OWN_AFTER and
-// TV_SIM_VERSION.
+// TV_SIM_VERSION. TV_SIM_FAULT makes it misbehave: "fail" raises an
+// error at every call, "exit:N" ends the program at its Nth call.
 #include <glib-unix.h>
 #include <glib.h>
 
@@ -22,6 +23,7 @@
 #include <string>
 #include <vector>
 
+#include "faulty_viewer.h"
 #include "platform/automation/bus_classes.h"
 #include "viewer_ids.h"
 #include "viewer_objects.h"
@@ -90,9 +92,10 @@ void Serve(Simulator& sim, const char* name, fk::DispatchPtr object) {
 
 gboolean Publish(gpointer data) {
   auto& sim = *static_cast<Simulator*>(data);
-  const fk::DispatchPtr viewer = tv::MakeViewerObject(sim.state);
-  const fk::DispatchPtr survey = tv::MakeSurveyObject(sim.state);
-  const fk::DispatchPtr dataset = tv::MakeDatasetObject(sim.state);
+  const std::shared_ptr<tv::Fault> fault = tv::Fault::FromText(FromEnvironment("TV_SIM_FAULT"));
+  const fk::DispatchPtr viewer = tv::WithFault(tv::MakeViewerObject(sim.state), fault);
+  const fk::DispatchPtr survey = tv::WithFault(tv::MakeSurveyObject(sim.state), fault);
+  const fk::DispatchPtr dataset = tv::WithFault(tv::MakeDatasetObject(sim.state), fault);
   // The survey and dataset objects first: once the viewer's own name is
   // owned, clients take the viewer as started.
   Serve(sim, tv::kSurveyName, survey);

@@ -179,6 +179,40 @@ FK_API int Save3DState(const char *file);
 FK_API int Load3DState(const char *file);
 FK_API int Refresh3D(void);
 
+/* Selection handles: boxes in the selection file that the viewer shows.
+   Each call rewrites the file whole; the box edge is the point size of the
+   3D options. Nothing is written while the viewer is not running. */
+FK_API int AddSelectionHandle(double x, double y, double z, double tilt, double turn);
+FK_API int AddSelectionHandles(int count, const double *x, const double *y, const double *z,
+                               const double *fallbackHeight, const double *tilt, const double *turn,
+                               const double *height, int permanent);
+FK_API int ClearSelectionHandles(void);
+FK_API int SetSelectionFile(const char *path);
+FK_API int SelectIn3D(const char *name, int32_t value);
+FK_API int SetAssociatedCoordSystem(const char *name, const char *coordSys);
+
+/* 3D options. Each Get answers the session value, each Set stores it and
+   answers 1: raster scaling is capped at 4, and show help can only be
+   switched off. The projection buffers and the temporary directory belong
+   to the caller and take the whole text. Tvik3DOptions answers 1 on OK. */
+FK_API int Tvik3DOptions(char *tempDirectory, int *deleteOnExit);
+FK_API int Tvik3DOptionsGetPointSize(void);
+FK_API int Tvik3DOptionsSetPointSize(int value);
+FK_API int Tvik3DOptionsGetGridCompression(void);
+FK_API int Tvik3DOptionsSetGridCompression(int value);
+FK_API int Tvik3DOptionsGetRasterScaling(void);
+FK_API int Tvik3DOptionsSetRasterScaling(int value);
+FK_API int Tvik3DOptionsGetCartomaParent(void);
+FK_API int Tvik3DOptionsSetCartomaParent(int value);
+FK_API int Tvik3DOptionsGetGridClipping(void);
+FK_API int Tvik3DOptionsSetGridClipping(int value);
+FK_API int Tvik3DOptionsGetTransparency(void);
+FK_API int Tvik3DOptionsSetTransparency(int value);
+FK_API int Tvik3DOptionsGetShowHelp(void);
+FK_API int Tvik3DOptionsSetShowHelp(int value);
+FK_API int Tvik3DOptionsGetProjMapping(char *projection, char *description);
+FK_API int Tvik3DOptionsSetProjMapping(int flag, const char *projection, const char *description);
+
 #ifdef __cplusplus
 }
 #endif

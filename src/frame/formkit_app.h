@@ -10,6 +10,7 @@
 #include "platform/app/app_base.h"
 #include "settings/temp_file_array.h"
 #include "viewer/viewer_link.h"
+#include "viewer/viewer_options.h"
 #include "viewer/viewer_session.h"
 
 class CFormkitApp : public fk::AppBase {
@@ -30,6 +31,12 @@ class CFormkitApp : public fk::AppBase {
   // What the viewer operations work on.
   ViewerSession Viewer3D() {
     return {m_Viewer, m_nViewerProcessID, m_TempFiles, m_bShowHelp, m_strLogOGBFile};
+  }
+  // The 3D options of the session.
+  ViewerOptions Options3D() {
+    return {m_nPointSize,   m_nGridCompression, m_nRasterScaling,   m_bCartomaParent,       m_bGridClipping,
+            m_nTransparency, m_bShowHelp,       m_bProjMapping,     m_strPreferredProj,     m_strPreferredProjDesc,
+            GetProfile()};
   }
   const std::string& GetTempDirectory() const { return m_strTempDirectory; }
 

@@ -11,7 +11,6 @@ namespace {
 constexpr int kFileKinds[] = {OBJECT_FILE, OBJECT_VECTOR_FILE, OBJECT_FILE_DATASET, OBJECT_IMAGE};
 
 const std::vector<std::int32_t> kPermanentDXFValues = {0, 0, 0, 0xC8C8C8, 0xA0A0A0, 0, 0, 0, 0};
-const std::vector<std::int32_t> kShownVectorValues = {25, 0, 0, 0, 0, 1, 0, 0, 1};
 
 bool ViewerAvailable(ViewerSession session) {
   return EnsureViewerRunning(session.viewer, session.nViewerProcessID, true) >= 1;
@@ -22,6 +21,8 @@ bool EndsWithDXF(const std::string& file) {
 }
 
 }  // namespace
+
+const std::vector<std::int32_t> kShownVectorValues = {25, 0, 0, 0, 0, 1, 0, 0, 1};
 
 void ShowHelpHint(ViewerSession session, const char* topic) {
   if (!session.bShowHelp) return;

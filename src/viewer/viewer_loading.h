@@ -3,9 +3,14 @@
 // records what was loaded.
 #pragma once
 
+#include <cstdint>
 #include <string>
+#include <vector>
 
 #include "viewer/viewer_session.h"
+
+// The nine values with which a DXF file is shown as a vector object.
+extern const std::vector<std::int32_t> kShownVectorValues;
 
 // With the help flag on, the viewer's help panel at `topic`.
 void ShowHelpHint(ViewerSession session, const char* topic);

@@ -271,4 +271,79 @@ TEST_F(ViewerProgram, LoadingAStateTheViewerCannotTakeStillRunsTheHostWorkspace)
   waitpid(pid, nullptr, 0);
 }
 
+// The boxes of a selection file as ezdxf's strict reader sees them: per box
+// of twelve 3DFACEs its centre and height, or what was wrong with the file.
+std::string SelectionBoxes(const std::string& path) {
+  const std::string script =
+      "import sys, ezdxf\n"
+      "doc = ezdxf.readfile(sys.argv[1])\n"
+      "entities = list(doc.modelspace())\n"
+      "faces = [e for e in entities if e.dxftype() == '3DFACE']\n"
+      "assert not doc.audit().has_errors and len(faces) == len(entities) and len(faces) % 12 == 0\n"
+      "for first in range(0, len(faces), 12):\n"
+      "    points = [face[i] for face in faces[first:first + 12] for i in range(4)]\n"
+      "    low = [min(p[a] for p in points) for a in range(3)]\n"
+      "    high = [max(p[a] for p in points) for a in range(3)]\n"
+      "    print(*['%g' % ((l + h) / 2) for l, h in zip(low, high)], '%g' % (high[2] - low[2]))\n";
+  const std::string command = "/usr/bin/python3 -c \"" + script + "\" '" + path + "' 2>&1";
+  std::string out;
+  if (FILE* pipe = popen(command.c_str(), "r")) {
+    char buffer[256];
+    while (fgets(buffer, sizeof buffer, pipe)) out += buffer;
+    pclose(pipe);
+  }
+  return out;
+}
+
+// Handles upright (tilt 90, turn 0), so a box's height is its z extent.
+TEST_F(ViewerProgram, SelectionHandlesRewriteTheOneSelectionFileAndReplaceItInTheViewer) {
+  LibraryWithHost host;
+  const std::string file = m_folder.Path() + "/Selection.dxf";
+  ASSERT_EQ(FORMKIT_EXPORT(host.library, SetSelectionFile)(file.c_str()), 1);
+  EXPECT_EQ(FORMKIT_EXPORT(host.library, AddSelectionHandle)(1, 2, 3, 90, 0), 0);
+  EXPECT_EQ(FORMKIT_EXPORT(host.library, ClearSelectionHandles)(), 0);
+  EXPECT_FALSE(std::filesystem::exists(file)) << "no viewer: nothing written";
+
+  ASSERT_GT(FORMKIT_EXPORT(host.library, ExecuteTerravik3D)(), 0);
+  const std::size_t before = Calls().size();
+  ASSERT_EQ(FORMKIT_EXPORT(host.library, AddSelectionHandle)(1, 2, 3, 90, 0), 1);
+  ASSERT_EQ(FORMKIT_EXPORT(host.library, AddSelectionHandle)(100, 200, 30, 90, 0), 1);
+  EXPECT_EQ(SelectionBoxes(file), "100 200 30 5\n") << "the second box replaced the first; the edge is the point size";
+  const std::vector<std::string> calls = Calls();
+  const std::string name = "8:\"" + file + "\"";
+  EXPECT_THAT(std::vector(calls.begin() + static_cast<std::ptrdiff_t>(before) + 5, calls.end()),
+              ElementsAre("TV.InterfaceCOM 1 flags=0", "TV.InterfaceCOM 39 flags=0 b:true 4003:-1",
+                          "TV.InterfaceCOM 45 flags=0 3:1 " + name + " 3:1 4003:0",
+                          "TV.InterfaceCOM 41 flags=0 3:1 3:2 400c:[c;0|" + name +
+                              ",3:25,3:0,3:0,3:0,3:0,3:1,3:0,3:0,3:1]",
+                          "TV.InterfaceCOM 2 flags=0"));
+
+  const double x[] = {10, 20, 30}, y[] = {1, 2, 3}, z[] = {-5, 0, 5}, fallback[] = {99, 8, 9};
+  const double tilt[] = {90, 90, 90}, turn[] = {0, 0, 0}, height[] = {7, 0, -1};
+  EXPECT_EQ(FORMKIT_EXPORT(host.library, AddSelectionHandles)(3, x, y, z, fallback, tilt, turn, height, 1), 1);
+  EXPECT_EQ(SelectionBoxes(file), "10 1 -5 7\n20 2 0 8\n30 3 5 9\n") << "heights 0 and -1 take the fallback";
+  EXPECT_EQ(FORMKIT_EXPORT(host.library, AddSelectionHandles)(0, x, y, z, fallback, tilt, turn, height, 1), 1);
+  EXPECT_EQ(SelectionBoxes(file), "") << "no box: a file with none";
+
+  EXPECT_EQ(FORMKIT_EXPORT(host.library, ClearSelectionHandles)(), 1);
+  EXPECT_EQ(FORMKIT_EXPORT(host.library, SelectIn3D)("Holes as Points", 4), 1);
+  EXPECT_EQ(FORMKIT_EXPORT(host.library, SetAssociatedCoordSystem)("Holes as Points", "Earth Projection 1, 104"), 1);
+  const std::vector<std::string> last = Calls();
+  EXPECT_THAT(std::vector(last.end() - 10, last.end()),
+              ElementsAre("TV.InterfaceCOM 1 flags=0", "TV.InterfaceCOM 39 flags=0 b:true 4003:-1",
+                          "TV.InterfaceCOM 45 flags=0 3:1 " + name + " 3:1 4003:0", "TV.InterfaceCOM 2 flags=0",
+                          "TV.InterfaceCOM 1 flags=0", "TV.InterfaceCOM 93 flags=0 8:\"Holes as Points\" 3:4",
+                          "TV.InterfaceCOM 2 flags=0", "TV.InterfaceCOM 1 flags=0",
+                          "TV.InterfaceCOM 107 flags=0 8:\"Holes as Points\" 8:\"Earth Projection 1, 104\"",
+                          "TV.InterfaceCOM 2 flags=0"));
+
+  // A drive the drive table does not map: the file goes to the temporary folder.
+  ASSERT_EQ(FORMKIT_EXPORT(host.library, SetSelectionFile)("q:\\Picked.dxf"), 1);
+  EXPECT_EQ(FORMKIT_EXPORT(host.library, AddSelectionHandle)(1, 2, 3, 90, 0), 1);
+  const std::string moved = std::string(std::getenv("TMPDIR")) + "/Picked.dxf";
+  EXPECT_EQ(SelectionBoxes(moved), "1 2 3 5\n");
+  std::filesystem::remove(moved);
+  EXPECT_EQ(FORMKIT_EXPORT(host.library, ShutdownTerravik3D)(), 1);
+}
+
 }  // namespace

@@ -128,7 +128,10 @@ void SetDriveRoot(char letter, std::string root) {
   g_driveTable[static_cast<char>(std::toupper(static_cast<unsigned char>(letter)))] = std::move(root);
 }
 
-std::string DriveRoot(char letter) {
+namespace {
+
+// The drive's own entry: the table's, else the environment's; empty when none.
+std::string DriveEntry(char letter) {
   const char upper = static_cast<char>(std::toupper(static_cast<unsigned char>(letter)));
   {
     std::lock_guard lock(g_driveMutex);
@@ -136,8 +139,17 @@ std::string DriveRoot(char letter) {
   }
   const std::string variable = std::string("FORMKIT_DRIVE_") + upper;
   if (const char* root = std::getenv(variable.c_str()); root && *root) return root;
-  return "/";
+  return {};
 }
+
+}  // namespace
+
+std::string DriveRoot(char letter) {
+  std::string root = DriveEntry(letter);
+  return root.empty() ? "/" : root;
+}
+
+bool IsDriveMapped(char letter) { return !DriveEntry(letter).empty(); }
 
 std::string Native(std::string_view path) {
   std::string slashed;

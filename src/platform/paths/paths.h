@@ -40,5 +40,7 @@ std::string Native(std::string_view path);
 // with no entry stands for "/".
 void SetDriveRoot(char letter, std::string root);
 std::string DriveRoot(char letter);
+// Whether drive `letter` has an entry of its own (set, or in the environment).
+bool IsDriveMapped(char letter);
 
 }  // namespace fk

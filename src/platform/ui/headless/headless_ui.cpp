@@ -21,6 +21,11 @@ void HeadlessDialog::Press(int id) {
   m_controller.OnCommand(id);
 }
 
+void HeadlessDialog::PressSheetButton(int id) {
+  if (id != IDOK && id != IDCANCEL) throw std::logic_error("a property sheet has only OK and Cancel");
+  m_controller.OnCommand(id);
+}
+
 void HeadlessDialog::Type(int id, const std::string& text) {
   RequireUsable(id);
   m_view.SetText(id, text);

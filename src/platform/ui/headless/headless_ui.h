@@ -26,6 +26,8 @@ class HeadlessDialog {
   const HeadlessView& View() const { return m_view; }
   // Presses a button, which must be shown and enabled.
   void Press(int id);
+  // The OK or Cancel button of the property sheet that holds this page.
+  void PressSheetButton(int id);
   // Types into an edit control.
   void Type(int id, const std::string& text);
   void SetCheck(int id, int state);

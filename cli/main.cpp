@@ -57,6 +57,7 @@ int main(int argc, char** argv) {
   cli::AddSectionPlaneCommand(app, options);
   cli::AddWindowListCommand(app, options);
   cli::AddWorkspaceCommand(app, options);
+  cli::AddPenCommand(app, options);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& e) {

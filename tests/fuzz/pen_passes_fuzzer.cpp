@@ -32,9 +32,10 @@ const std::string& PenPath() {
 
 void DrawEveryWay(const std::vector<std::string>& passes) {
   static stylelines::CStyleLine interpreter([](const std::string&) {});
-  for (const std::int16_t width : {1, 14}) {
+  // A short line keeps a pen of many events per unit quick to run.
+  for (const std::int16_t width : {1, 20}) {
     fk::draw::RecordingDC dc;
-    std::vector<fk::draw::Point> points = {{0, 0}, {40, 0}, {40, 1}, {80, 30}, {20, 60}, {20, 60}, {-10, 5}};
+    std::vector<fk::draw::Point> points = {{0, 0}, {12, 0}, {12, 1}, {20, 8}, {6, 14}, {6, 14}, {-2, 3}};
     interpreter.Draw(dc, passes, 0x123456, width, points);
   }
 }

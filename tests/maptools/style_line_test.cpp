@@ -23,7 +23,7 @@ using fk::draw::Primitive;
 
 // Opcodes as the pen file's language numbers them.
 constexpr char END = 0, DRAWREST = 1, DRAW = 2, SKIP = 3, TICK = 4, MARK = 5, SETWIDTH = 6, SETCOLOR = 7,
-               DRAWTOEND = 23;
+               FILLSTART = 16, FILLNEXT = 17, DRAWTOEND = 23;
 
 std::string Program(std::initializer_list<int> bytes) {
   std::string program;
@@ -61,6 +61,14 @@ std::vector<Line> Dashes(double on, double off, double length, int width) {
   return lines;
 }
 
+// The filled polygons, vertex by vertex.
+std::vector<std::vector<Point>> Polygons(const fk::draw::RecordingDC& dc) {
+  std::vector<std::vector<Point>> polygons;
+  for (const Primitive& p : dc.Primitives())
+    if (p.kind == Primitive::POLYGON) polygons.push_back(p.points);
+  return polygons;
+}
+
 struct Case {
   const char* name;
   std::vector<std::string> passes;
@@ -68,6 +76,7 @@ struct Case {
   std::vector<Point> points;
   std::vector<Line> lines;
   Point lastAfter;
+  std::vector<std::vector<Point>> polygons = {};
 };
 
 const std::string kDash = Program({MARK, DRAW, 8, SKIP, 4, END});
@@ -78,6 +87,19 @@ const std::vector<Case> kCases = {
     {"dash at width 1", {kDash}, 1, {{0, 0}, {48, 0}}, Dashes(8, 4, 48, 1), {48, 0}},
     {"dash at width 3", {kDash}, 3, {{0, 0}, {96, 0}}, Dashes(24, 12, 96, 3), {96, 0}},
     {"dash at width 12", {kDash}, 12, {{0, 0}, {32, 0}}, Dashes(8 * kTwoTenths, 4 * kTwoTenths, 32, 0), {32, 0}},
+    {"a dash crossing a corner goes on after it",
+     {kDash},
+     1,
+     {{0, 0}, {10, 0}, {10, 20}},
+     {{{0, 0}, {8, 0}, 1, 0x0000FF}, {{10, 2}, {10, 10}, 1, 0x0000FF}, {{10, 14}, {10, 20}, 1, 0x0000FF}},
+     {10, 20}},
+    {"a filled band three units each side, 12 long, then the rest to the end",
+     {Program({MARK, FILLSTART, 1, 3, 6, FILLNEXT, 12, 3, 6})},
+     1,
+     {{0, 0}, {20, 0}},
+     {},
+     {20, 0},
+     {{{0, -3}, {12, -3}, {12, 3}, {0, 3}}, {{12, -3}, {20, -3}, {20, 3}, {12, 3}}}},
     {"three passes with their own pens",
      {Program({DRAWREST}), Program({SETCOLOR, 0x10, 0x20, 0x30, DRAWREST}), Program({SETWIDTH, 5, DRAWREST})},
      1,
@@ -108,6 +130,7 @@ TEST(StyleLine, PenProgramsDrawTheirLines) {
     DrawCMStyleLine(fk::draw::AddDeviceContext(dc), path.c_str(), 1, 0x0000FF, c.width, &points[0].x,
                     static_cast<int32_t>(points.size()));
     EXPECT_EQ(DrawnLines(*dc), c.lines) << c.name;
+    EXPECT_EQ(Polygons(*dc), c.polygons) << c.name;
     EXPECT_EQ(points.back(), c.lastAfter) << c.name;
   }
 }

@@ -9,7 +9,7 @@ CMAKE_BUILD_TYPE ?= RelWithDebInfo
 PACKAGES := cmake ninja-build pkg-config g++ binutils \
             libgtest-dev libgmock-dev libbenchmark-dev \
             libglib2.0-dev libsqlite3-dev libfmt-dev libsimpleini-dev \
-            libgdk-pixbuf-2.0-dev libgdal-dev gdal-bin libproj-dev python3-ezdxf \
+            libgdk-pixbuf-2.0-dev libcairo2-dev libpango1.0-dev libgdal-dev gdal-bin libproj-dev python3-ezdxf \
             libcli11-dev python3-gdal python3-numpy \
             libwxgtk3.2-dev libgtk-3-dev xvfb xauth \
             dbus gcovr nlohmann-json3-dev

@@ -28,6 +28,7 @@ void AddWindowListCommand(CLI::App& app, const GlobalOptions& options);
 void AddWorkspaceCommand(CLI::App& app, const GlobalOptions& options);
 // drillholes and trenches
 void AddWizardCommands(CLI::App& app, const GlobalOptions& options);
+void AddPenCommand(CLI::App& app, const GlobalOptions& options);
 
 // Runs `work` when `command` is chosen, with the terminal set up for the
 // options: headless dialog boxes, message boxes and progress on standard

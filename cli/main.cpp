@@ -58,6 +58,7 @@ int main(int argc, char** argv) {
   cli::AddWindowListCommand(app, options);
   cli::AddWorkspaceCommand(app, options);
   cli::AddWizardCommands(app, options);
+  cli::AddPenCommand(app, options);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& e) {

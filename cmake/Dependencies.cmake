@@ -13,6 +13,10 @@ set(FORMKIT_PLATFORM_LIBS PkgConfig::GIO SQLite::SQLite3 fmt::fmt)
 pkg_check_modules(GDKPIXBUF REQUIRED IMPORTED_TARGET gdk-pixbuf-2.0)
 find_package(GDAL CONFIG REQUIRED)
 
+# Pictures of line styles and text metrics: Cairo and Pango, in a library of
+# their own (libformkit-cairo.so; Debian: libcairo2-dev, libpango1.0-dev).
+pkg_check_modules(PANGOCAIRO REQUIRED IMPORTED_TARGET pangocairo cairo-svg cairo-pdf cairo-png)
+
 # SimpleIni (libsimpleini-dev): the settings files. Header only as used
 # here: its implementation is compiled in, with no text conversion.
 find_path(SIMPLEINI_INCLUDE_DIR SimpleIni.h REQUIRED)

@@ -213,6 +213,19 @@ step "drillholes: subset in 3D" "$out/holes/holes.ogs" \
   "$([ "$(printf '%s\n' "$series" | tail -n 1)" = ok ] \
      && echo "ok: python reads one series of 3 holes, GDAL the rows of its 4 tables" || echo "FAILED: $series")"
 
+say "Draw every line style of the sample pen file, at widths 1, 3 and 12, into one picture"
+"$formkit" pen list "$samples/styles.pen" | head -n 4
+"$formkit" pen sheet "$samples/styles.pen" -o "$out/pen_sheet.png"
+# Each pen is a row of 50 pixels after a label column of 50; each width a cell of 220.
+inked=$("$python" -c 'import sys; from osgeo import gdal
+ds = gdal.Open(sys.argv[1]); rows = ds.RasterYSize // 50
+ink = (255 - ds.GetRasterBand(1).ReadAsArray().astype(int))
+print(sum(1 for r in range(rows) for c in range(3) if ink[r*50:(r+1)*50, 50+c*220:50+(c+1)*220].sum() > 0), rows * 3)' \
+  "$out/pen_sheet.png" 2>&1 | tail -n 1)
+step "pen: sheet of line styles" "$out/pen_sheet.png" \
+  "$(set -- $inked; [ -n "${2:-}" ] && [ "$1" = "$2" ] && [ "$2" -gt 0 ] \
+     && echo "ok: GDAL finds ink in all $2 cells" || echo "FAILED: inked cells '$inked'")"
+
 printf '\n%-30s %-22s %8s  %s\n' step output bytes "checked by a peer"
 for row in "${rows[@]}"; do
   IFS='|' read -r name file size check <<<"$row"

@@ -44,6 +44,15 @@ FK_API int BrowseForFolder(int32_t owner, const char *title, char *path);
 /* The host's files. */
 FK_API int GetCartomaPenCount(const char *file);
 
+/* Line styles of the host's pen file, drawn on a device context (formkit/host.h
+   makes one) along `count` points, x and y pairs in device units. The style
+   may move the last point back. */
+FK_API void DrawCMStyleLine(int32_t dc, const char *file, int32_t index, int32_t colour, int32_t width,
+                            int32_t *points, int32_t count);
+/* Sizes of layout text: the height of "A", the width of the text and "XXX". */
+FK_API float GetLayoutTextHeight(const char *font, int32_t size);
+FK_API float GetLayoutTextLength(const char *text, const char *font, int32_t size);
+
 /* DXF files, written entity by entity: DXFCreate or DXFCreateWithBounds,
    then DXFColor and the entities, then DXFClose. */
 FK_API int DXFCreate(const char *file);

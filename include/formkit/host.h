@@ -111,6 +111,14 @@ FK_API int fk_value_set_object(fk_value *value, const fk_object *object);
 /* Describes the failure of the current call. */
 FK_API void fk_fail(fk_error *error, const char *description);
 
+/* Device contexts, which DrawCMStyleLine takes by handle: a white picture
+ * file of width x height device units (one unit a pixel) at `dpi` dots per
+ * inch, a PNG, SVG or PDF by the path's extension. Its handle (never 0), or
+ * 0 when the picture can't be made. */
+FK_API int32_t fk_create_file_dc(const char *path, int32_t width, int32_t height, int32_t dpi);
+/* Writes the picture and drops the handle; 1 when the file was written. */
+FK_API int fk_close_dc(int32_t handle);
+
 #ifdef __cplusplus
 }
 #endif

@@ -152,7 +152,7 @@ class Help(unittest.TestCase):
         listing = run("--help").stdout
         commands = re.findall(r"^  ([a-z-]+) {2,}", listing.split("Subcommands:")[1], re.M)
         self.assertEqual(commands, ["host", "contour", "register-image", "fields", "settings", "export", "import", "hotlinks", "viewer", "series", "reproject", "color-objects",
-                                    "section-plane", "window-list", "workspace", "drillholes", "trenches"])
+                                    "section-plane", "window-list", "workspace", "drillholes", "trenches", "pen"])
         for command in commands:
             text = run(command, "--help").stdout
             example = text.split("Example:\n")[1].replace("\\\n", " ")

@@ -1,5 +1,7 @@
 // The pen file reader on any bytes, under the sanitizers: every pen the
-// directory names is read, and what comes back lies inside the file.
+// directory names is read, and what comes back lies inside the file. Each
+// pen read is then drawn along a polyline with corners, a short segment and
+// a turn back, on a recording device context, at a thin and a thick width.
 #include <unistd.h>
 
 #include <cstddef>
@@ -10,6 +12,8 @@
 #include <vector>
 
 #include "host/pen_file.h"
+#include "maptools/style_line.h"
+#include "platform/draw/recording_dc.h"
 
 namespace {
 
@@ -26,6 +30,16 @@ const std::string& PenPath() {
   return path;
 }
 
+void DrawEveryWay(const std::vector<std::string>& passes) {
+  static stylelines::CStyleLine interpreter([](const std::string&) {});
+  // A short line keeps a pen of many events per unit quick to run.
+  for (const std::int16_t width : {1, 20}) {
+    fk::draw::RecordingDC dc;
+    std::vector<fk::draw::Point> points = {{0, 0}, {12, 0}, {12, 1}, {20, 8}, {6, 14}, {6, 14}, {-2, 3}};
+    interpreter.Draw(dc, passes, 0x123456, width, points);
+  }
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -40,6 +54,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
       Require(passes.empty());
       continue;
     }
+    DrawEveryWay(passes);
     std::size_t bytes = 0;
     for (const std::string& pass : passes) bytes += pass.size() + 1;
     Require(index >= 0 && index < count && bytes + 3 <= size);  // the record head, then its passes

@@ -21,6 +21,10 @@ void AddExportCommand(CLI::App& app, const GlobalOptions& options);
 void AddImportCommand(CLI::App& app, const GlobalOptions& options);
 void AddHotlinksCommand(CLI::App& app, const GlobalOptions& options);
 void AddViewerCommand(CLI::App& app, const GlobalOptions& options);
+// viewer select-boxes and viewer options, under `viewer`.
+void AddViewerSelectionCommands(CLI::App* viewer, const GlobalOptions& options);
+// The viewer running, started if need be; its process id.
+int StartViewer();
 void AddReprojectCommand(CLI::App& app, const GlobalOptions& options);
 void AddColorObjectsCommand(CLI::App& app, const GlobalOptions& options);
 void AddSectionPlaneCommand(CLI::App& app, const GlobalOptions& options);

@@ -18,6 +18,16 @@
 #include "platform/ui/headless/headless_ui.h"
 
 namespace cli {
+
+// The viewer running, started if need be; its process id.
+int StartViewer() {
+  fk::ui::DefaultHeadlessUi().Prompts().AnswerMessage(fk::ui::IDNO);  // no further wait
+  const int pid = ExecuteTerravik3D();
+  if (pid == -1 && IsTvik3DRunning()) return pid;  // a viewer this library did not start
+  if (pid < 1) throw ToolFailure("the viewer is not available (" + std::to_string(pid) + ")");
+  return pid;
+}
+
 namespace {
 
 struct ViewerOptions {
@@ -38,14 +48,6 @@ void Register(const ViewerOptions& o) {
   std::printf("HKLM\\%s  ProgramPath = \"%s\"  TIMEOUT = %d\n", key.c_str(), o.program.c_str(), o.timeout);
 }
 
-// The viewer running, started if need be; its process id.
-int Start() {
-  fk::ui::DefaultHeadlessUi().Prompts().AnswerMessage(fk::ui::IDNO);  // no further wait
-  const int pid = ExecuteTerravik3D();
-  if (pid == -1 && IsTvik3DRunning()) return pid;  // a viewer this library did not start
-  if (pid < 1) throw ToolFailure("the viewer is not available (" + std::to_string(pid) + ")");
-  return pid;
-}
 
 void Status() {
   if (!IsTvik3DRunning()) {
@@ -59,7 +61,7 @@ void Status() {
 }
 
 void Load(const ViewerOptions& o) {
-  Start();
+  StartViewer();
   const bool dxf = fk::ToUpper(o.file).ends_with(".DXF");
   const int permanent = o.temporary ? 0 : 1;
   const int done = dxf ? LoadPermDXFFile(o.file.c_str(), permanent) : LoadPermOGBFile(o.file.c_str(), permanent);
@@ -67,14 +69,14 @@ void Load(const ViewerOptions& o) {
 }
 
 void Grid(const ViewerOptions& o) {
-  Start();
+  StartViewer();
   if (ViewGridIn3D(o.file.c_str()) != 1) throw ToolFailure("the viewer did not take " + o.file);
 }
 
 // A table file as a series; a series open already is refreshed with
 // --refresh (the question answered Yes), else added again.
 void Series(const ViewerOptions& o) {
-  Start();
+  StartViewer();
   fk::ui::HeadlessPrompter& prompts = fk::ui::DefaultHeadlessUi().Prompts();
   prompts.Clear();  // the start's answer, when no question came
   prompts.AnswerMessage(o.refresh ? fk::ui::IDYES : fk::ui::IDNO);
@@ -115,7 +117,7 @@ void AddViewerCommand(CLI::App& app, const GlobalOptions& options) {
   reg->add_option("--timeout", o->timeout, "Milliseconds to wait for it to start")->capture_default_str();
   reg->add_flag("--zelvar", o->zelvar, "Record the Zelvar3D viewer");
   ProductLeaf(viewer, options, "start", "Start the viewer unless it runs; print its process id",
-              [] { std::printf("%d\n", Start()); });
+              [] { std::printf("%d\n", StartViewer()); });
   ProductLeaf(viewer, options, "status", "Whether the viewer runs, its process id and version", Status);
   CLI::App* load = ProductLeaf(viewer, options, "load", "Load a DXF or OGB file into the viewer", [o] { Load(*o); });
   load->add_option("file", o->file, "The file")->required();
@@ -144,6 +146,7 @@ void AddViewerCommand(CLI::App& app, const GlobalOptions& options) {
   series->add_option("file", o->file, "The table file")->required();
   series->add_flag("--refresh", o->refresh, "Refresh a series open already");
   ProductLeaf(viewer, options, "stop", "Ask the viewer to quit", [] { ShutdownTerravik3D(); });
+  AddViewerSelectionCommands(viewer, options);
   AddSeriesCommand(app, options);
 }
 

@@ -183,6 +183,19 @@ step "viewer: DXF, series, state" "$out/site.3ds" \
   "$([ "$shown" = 2 ] && [ "$lines" = True ] && [ -s "$out/site.wor" ] \
      && echo "ok: python reads the state's lines and the viewer's JSON" || echo "FAILED: shown '$shown', lines '$lines'")"
 
+say "Show selection boxes over three sample collars in the 3D viewer simulator, as deep as each hole"
+dbus-run-session -- bash -c '"$0" viewer register "$1/viewer/Terravik3D.exe" --timeout 10000 >/dev/null &&
+  "$0" --data "$2" viewer select-boxes --table collars --where "RowID In (1, 3, 5)" --z RL --height MaxDepth \
+    --file "$3/selection.dxf" --permanent; "$0" viewer stop' "$formkit" "$build" "$samples" "$out" 2>&1 \
+  | grep -v '^dbus-daemon'
+"$formkit" viewer options | head -n 3
+faces=$("$python" -c 'import sys, ezdxf
+doc = ezdxf.readfile(sys.argv[1])
+kinds = set(e.dxftype() for e in doc.modelspace())
+print(len(doc.modelspace()) if kinds == {"3DFACE"} and not doc.audit().errors else -1)' "$out/selection.dxf" 2>&1 | tail -n 1)
+step "viewer: selection boxes" "$out/selection.dxf" \
+  "$([ "$faces" = 36 ] && echo "ok: ezdxf reads 36 faces, twelve for each of 3 boxes" || echo "FAILED: faces '$faces'")"
+
 say "Show three sample holes in the 3D viewer simulator as a subset of the drillhole tables"
 mkdir -p "$out/holes"
 dbus-run-session -- bash -c '"$0" viewer register "$1/viewer/Terravik3D.exe" --timeout 10000 &&

@@ -21,6 +21,8 @@ void AddExportCommand(CLI::App& app, const GlobalOptions& options);
 void AddImportCommand(CLI::App& app, const GlobalOptions& options);
 void AddHotlinksCommand(CLI::App& app, const GlobalOptions& options);
 void AddViewerCommand(CLI::App& app, const GlobalOptions& options);
+// `viewer links`, under the viewer command.
+void AddViewerLinksCommand(CLI::App* viewer, const GlobalOptions& options);
 void AddReprojectCommand(CLI::App& app, const GlobalOptions& options);
 void AddColorObjectsCommand(CLI::App& app, const GlobalOptions& options);
 void AddSectionPlaneCommand(CLI::App& app, const GlobalOptions& options);

@@ -145,6 +145,7 @@ void AddViewerCommand(CLI::App& app, const GlobalOptions& options) {
   series->add_flag("--refresh", o->refresh, "Refresh a series open already");
   ProductLeaf(viewer, options, "stop", "Ask the viewer to quit", [] { ShutdownTerravik3D(); });
   AddSeriesCommand(app, options);
+  AddViewerLinksCommand(viewer, options);
 }
 
 }  // namespace cli

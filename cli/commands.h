@@ -25,6 +25,8 @@ void AddViewerCommand(CLI::App& app, const GlobalOptions& options);
 void AddViewerSelectionCommands(CLI::App* viewer, const GlobalOptions& options);
 // The viewer running, started if need be; its process id.
 int StartViewer();
+// `viewer links`, under the viewer command.
+void AddViewerLinksCommand(CLI::App* viewer, const GlobalOptions& options);
 void AddReprojectCommand(CLI::App& app, const GlobalOptions& options);
 void AddColorObjectsCommand(CLI::App& app, const GlobalOptions& options);
 void AddSectionPlaneCommand(CLI::App& app, const GlobalOptions& options);

@@ -148,6 +148,7 @@ void AddViewerCommand(CLI::App& app, const GlobalOptions& options) {
   ProductLeaf(viewer, options, "stop", "Ask the viewer to quit", [] { ShutdownTerravik3D(); });
   AddViewerSelectionCommands(viewer, options);
   AddSeriesCommand(app, options);
+  AddViewerLinksCommand(viewer, options);
 }
 
 }  // namespace cli

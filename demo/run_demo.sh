@@ -239,6 +239,26 @@ step "pen: sheet of line styles" "$out/pen_sheet.png" \
   "$(set -- $inked; [ -n "${2:-}" ] && [ "$1" = "$2" ] && [ "$2" -gt 0 ] \
      && echo "ok: GDAL finds ink in all $2 cells" || echo "FAILED: inked cells '$inked'")"
 
+say "Put two image parts into one composite in the 3D viewer simulator; list the links, switch one off, save the rest"
+mkdir -p "$out/links"
+for part in north south; do
+  printf 'GeoreferenceImage Begin\r\n  Image = "%s.png"\r\nGeoreferenceImage End\r\n' "$part" > "$out/links/$part.ogb"
+  printf 'picture of the %s part' "$part" > "$out/links/$part.png"
+done
+mkdir -p "$out/links/kept"
+dbus-run-session -- bash -c '"$0" viewer register "$1/viewer/Terravik3D.exe" --timeout 10000 &&
+  "$0" viewer links --composite "$2/links/site.ogb" "$2/links/north.ogb" "$2/links/south.ogb" --off south \
+    --save "$2/links/kept/kept.ogb"; "$0" viewer stop' "$formkit" "$build" "$out" 2>&1 \
+  | grep -v '^dbus-daemon' | sed -E -e "s|$out/||" | tee "$out/links.txt"
+# The saved file holds the checked part alone, and its image lies beside it.
+kept=$("$python" -c 'import sys, os
+text = open(sys.argv[1], "rb").read().decode()
+images = [line.split(chr(34))[1] for line in text.splitlines() if line.strip().startswith("Image = ")]
+print(images == ["north.png"] and os.path.exists(os.path.join(os.path.dirname(sys.argv[1]), "north.png")))' \
+  "$out/links/kept/kept.ogb" 2>&1 | tail -n 1)
+step "viewer: link manager save" "$out/links/kept/kept.ogb" \
+  "$([ "$kept" = True ] && echo "ok: python reads the checked part and finds its image" || echo "FAILED: '$kept'")"
+
 printf '\n%-30s %-22s %8s  %s\n' step output bytes "checked by a peer"
 for row in "${rows[@]}"; do
   IFS='|' read -r name file size check <<<"$row"

@@ -200,6 +200,10 @@ FK_API int SetSelectionFile(const char *path);
 FK_API int SelectIn3D(const char *name, int32_t value);
 FK_API int SetAssociatedCoordSystem(const char *name, const char *coordSys);
 
+/* The 3D link manager box: 1 when it closed with Close; 0 with a message
+   when no 3D window runs. */
+FK_API int TempFileManager(void);
+
 /* 3D options. Each Get answers the session value, each Set stores it and
    answers 1: raster scaling is capped at 4, and show help can only be
    switched off. The projection buffers and the temporary directory belong

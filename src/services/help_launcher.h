@@ -25,3 +25,6 @@ std::string HelpParameters(int variant, int topic, const std::string& productDir
 // Runs the help program; when it can't start, says so with the program and
 // the parameters.
 void LaunchHelp(fk::ui::Prompter& prompter, int topic, bool cursorPositionBox = false);
+
+// The viewer's own help file at the link manager's page.
+void LaunchLinkManagerHelp(fk::ui::Prompter& prompter);

@@ -112,3 +112,16 @@ void CTempFile::Rebuild() {
   out.Close();
   m_bDirty = 0;
 }
+
+std::string FolderOf(const std::string& path) {
+  const fk::PathParts parts = fk::SplitPath(path);
+  return parts.drive + parts.dir;
+}
+
+void CopyImagesOfParts(const CTempFile& record) {
+  for (const std::string& part : record.m_Parts) {
+    std::vector<std::string> images;
+    ReadImageNames(part, images);
+    for (const std::string& image : images) fk::CopyFileOver(FolderOf(part) + image, FolderOf(record.m_strFile) + image);
+  }
+}

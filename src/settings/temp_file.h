@@ -42,3 +42,9 @@ class CTempFile {
 
 // The image names of one OGB file's text; 0 when it can't be opened.
 int ReadImageNames(const std::string& file, std::vector<std::string>& names);
+
+// The drive and folder of a path, with the trailing separator.
+std::string FolderOf(const std::string& path);
+// Copies the images each part of `record` names from the part's folder to
+// the record's folder, overwriting; a failed copy is passed over.
+void CopyImagesOfParts(const CTempFile& record);

@@ -1,6 +1,5 @@
 // The two operations of the session's file records that talk to the viewer:
 // learning what it still shows, and saving what is in use with a 3D state.
-#include "platform/files/files.h"
 #include "platform/paths/paths.h"
 #include "platform/text/letter_case.h"
 #include "platform/text/trim.h"
@@ -21,20 +20,6 @@ std::string WithBlanksAsUnderscores(std::string text) {
   for (char& c : text)
     if (c == ' ') c = '_';
   return text;
-}
-
-std::string Folder(const std::string& path) {
-  const fk::PathParts parts = fk::SplitPath(path);
-  return parts.drive + parts.dir;
-}
-
-// Copies the images each part names from the part's folder to `target`'s.
-void CopyImagesOfParts(const CTempFile& record) {
-  for (const std::string& part : record.m_Parts) {
-    std::vector<std::string> images;
-    ReadImageNames(part, images);
-    for (const std::string& image : images) fk::CopyFileOver(Folder(part) + image, Folder(record.m_strFile) + image);
-  }
 }
 
 }  // namespace
@@ -66,7 +51,7 @@ void CTempFileArray::SyncWithViewer(CViewerLink& viewer) {
 }
 
 void CTempFileArray::SaveWithState(ViewerSession session, const std::string& statePath) {
-  const std::string target = Folder(statePath);
+  const std::string target = FolderOf(statePath);
   const std::string logFile = session.strLogOGBFile;
   const int view = session.viewer.GetMapWindow(true);
   for (std::size_t i = 0; i < size(); ++i) {

@@ -10,7 +10,7 @@ void DrawCMStyleLine(fk::draw::DeviceContext& dc, const std::string& path, int i
                      std::int16_t lineWidth, std::span<fk::draw::Point> points) {
   std::vector<std::string> passes;
   ReadPenPasses(path, index, passes);
-  static CStyleLine interpreter([](const std::string& text) {
+  static CStyleLine interpreter([](const char* text) {
     fk::ui::CurrentUi().GetPrompter().MessageBox(text, fk::ui::MB_OK);
   });
   interpreter.Draw(dc, passes, colour, lineWidth, points);

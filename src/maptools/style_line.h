@@ -42,7 +42,7 @@ struct Heading {
 class CStyleLine {
  public:
   // `say` shows the interpreter's messages, as a message box would.
-  explicit CStyleLine(std::function<void(const std::string&)> say) : m_say(std::move(say)) {}
+  explicit CStyleLine(std::function<void(const char*)> say) : m_say(std::move(say)) {}
 
   // Draws `points` with each pass of a pen in turn, in `colour` and at
   // `lineWidth`. The end-of-line rule may move the last point.
@@ -87,7 +87,7 @@ class CStyleLine {
   static bool s_bNewRun;
   static Phase s_previousPhase;
 
-  std::function<void(const std::string&)> m_say;
+  std::function<void(const char*)> m_say;  // said per event: a literal, no allocation
   fk::draw::DeviceContext* m_pDC = nullptr;
   const std::string* m_pProgram = nullptr;
   bool m_bStalled = false;  // the program loops with nothing along the line

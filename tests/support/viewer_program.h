@@ -37,23 +37,50 @@ inline std::vector<int> SimulatorProcesses() {
   return pids;
 }
 
-class ViewerProgram : public HeadlessTest {
+// Where the library finds the viewer simulator: a bus of the test's own, the
+// installer's record in the test's registry, drive C: mapped to the
+// simulator's folder, and the simulator's record of calls in a folder of
+// the test's own. Stopping ends every simulator process and lets the
+// library's link go.
+class ViewerSimulatorPlace {
  protected:
-  void SetUp() override {
-    HeadlessTest::SetUp();
-    if (!m_bus.IsUp()) GTEST_SKIP() << "dbus-daemon is not installed; the viewer needs a bus of its own";
+  void Prepare() {
     ASSERT_THAT(SimulatorProcesses(), ::testing::IsEmpty()) << "a viewer simulator is already running";
     fk::ClassRegistry::Instance().SetRemote(fk::SessionBusClasses());
     // The installer's record, as a Windows path on a mapped drive.
     ASSERT_TRUE(fk::Registry::SetString(fk::Hive::LocalMachine, kTerravikKey, "ProgramPath", "C:\\Terravik3D.exe"));
     ASSERT_TRUE(fk::Registry::SetString(fk::Hive::LocalMachine, kTerravikKey, "Installation", "C:\\"));
   }
-  void TearDown() override {
+  void StopViewers() {
     for (int pid : SimulatorProcesses()) kill(pid, SIGTERM);
     for (int pid : SimulatorProcesses()) Ended(pid);
     // The linked library lets go of a viewer gone with the test's bus.
     theApp.m_Viewer.ReleaseAll();
     fk::ClassRegistry::Instance().SetRemote(nullptr);
+  }
+  // Waits (in bounded rounds) until `pid` no longer runs the simulator.
+  static bool Ended(int pid) {
+    for (int round = 0; round < 500; ++round, g_usleep(10000))
+      if (std::ranges::count(SimulatorProcesses(), pid) == 0) return true;
+    return false;
+  }
+
+  PrivateBus m_bus;
+  ScopedFolder m_folder;
+  ScopedVariable m_drive{"FORMKIT_DRIVE_C", std::filesystem::path(TV_SIM_PATH).parent_path().string()};
+  std::string m_record = m_folder.Path() + "/calls.txt";
+  ScopedVariable m_recordVariable{"TV_SIM_RECORD", m_record};
+};
+
+class ViewerProgram : public HeadlessTest, protected ViewerSimulatorPlace {
+ protected:
+  void SetUp() override {
+    HeadlessTest::SetUp();
+    if (!m_bus.IsUp()) GTEST_SKIP() << "dbus-daemon is not installed; the viewer needs a bus of its own";
+    Prepare();
+  }
+  void TearDown() override {
+    StopViewers();
     HeadlessTest::TearDown();
   }
 
@@ -72,12 +99,6 @@ class ViewerProgram : public HeadlessTest {
     for (const std::string& call : calls) members.push_back(call.substr(0, call.find(" flags=")));
     return members;
   }
-  // Waits (in bounded rounds) until `pid` no longer runs the simulator.
-  static bool Ended(int pid) {
-    for (int round = 0; round < 500; ++round, g_usleep(10000))
-      if (std::ranges::count(SimulatorProcesses(), pid) == 0) return true;
-    return false;
-  }
   // The simulator started by hand as the other product's viewer, with `arguments`.
   static GPid StartZelvarByHand(std::vector<const char*> arguments) {
     const std::string zelvar = (std::filesystem::path(TV_SIM_PATH).parent_path() / "Zelvar3D.exe").string();
@@ -89,10 +110,5 @@ class ViewerProgram : public HeadlessTest {
     return pid;
   }
 
-  PrivateBus m_bus;
-  ScopedFolder m_folder;
-  ScopedVariable m_drive{"FORMKIT_DRIVE_C", std::filesystem::path(TV_SIM_PATH).parent_path().string()};
-  std::string m_record = m_folder.Path() + "/calls.txt";
-  ScopedVariable m_recordVariable{"TV_SIM_RECORD", m_record};
   ScopedVariable m_headless{"FORMKIT_UI", "headless"};
 };

@@ -71,7 +71,12 @@ int ExportTableNodes(const NodeExportOptions& options, NodeFileFormat& format, s
       return 0;
     }
     if (!WriteRowNodes(options, format, file, record, values)) NoteSkippedRow(message, record);
+    if (file.Failed()) break;
   }
-  file.Close();
+  // A file the disk could not take whole says what a file that can't be made says.
+  if (!file.Close()) {
+    message = fk::FormatString(IDS_COULD_NOT_CREATE_FILE, {options.path});
+    return 0;
+  }
   return 1;
 }

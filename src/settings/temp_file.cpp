@@ -100,16 +100,21 @@ int CTempFile::GetImageNames(std::vector<std::string>& names) const {
 
 void CTempFile::Rebuild() {
   if (!m_bDirty || m_Parts.empty()) return;
-  fk::RemoveFile(m_strFile);
+  // Written beside the composite and put over it once whole: a disk that
+  // can't take it leaves the composite as it was, to be rebuilt next time.
+  const std::string fresh = m_strFile + ".~new";
   fk::TextWriter out;
-  if (!out.Open(m_strFile, "w")) return;
+  if (!out.Open(fresh, "w")) return;
   for (std::size_t i = 0; i < m_Parts.size(); ++i) {
     if (!m_PartsUsed[i]) continue;
     fk::TextReader in;
     if (!in.Open(m_Parts[i])) continue;
     while (std::optional<std::string> piece = in.Gets(kLinePiece)) out.Write(*piece);
   }
-  out.Close();
+  if (!out.Close() || !fk::ReplaceFile(fresh, m_strFile)) {
+    fk::RemoveFile(fresh);
+    return;
+  }
   m_bDirty = 0;
 }
 

@@ -45,6 +45,8 @@ class TextWriter {
   }
   // False when something could not be written.
   bool Close();
+  // Whether a block already failed to reach the file (a full disk).
+  bool Failed() const { return m_bFailed; }
 
  private:
   static constexpr std::size_t kBufferSize = 1 << 16;

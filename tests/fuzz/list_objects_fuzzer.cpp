@@ -11,12 +11,11 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <span>
 #include <string>
 #include <vector>
 
+#include "fuzz_support.h"
 #include "platform/automation/exceptions.h"
 #include "platform/automation/safe_array.h"
 #include "platform/paths/paths.h"
@@ -26,6 +25,8 @@
 
 namespace {
 
+using fuzz::Require;
+
 using fk::SafeArray;
 using fk::Variant;
 
@@ -33,13 +34,6 @@ using fk::Variant;
 constexpr std::int32_t kGetMapWindow = 39;
 constexpr std::int32_t kListObjects = 71;
 constexpr std::int32_t kLowerBounds[] = {0, 1, -1, 7, INT32_MAX, INT32_MAX - 2, INT32_MIN, -5};
-
-// Stops the run at the first broken rule, naming its line.
-void Require(bool condition, int line = __builtin_LINE()) {
-  if (condition) return;
-  std::fprintf(stderr, "rule broken at line %d\n", line);
-  std::abort();
-}
 
 struct Entry {
   std::int32_t kind;

@@ -4,18 +4,16 @@
 // file names or to a new one, and whether it writes or deletes. A value
 // written reads back as written; a deleted one falls back to the script's
 // file; and the other keys the file names read as they did before.
-#include <unistd.h>
-
 #include <cctype>
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "fuzz_support.h"
 #include "platform/inifile/inifile.h"
 #include "platform/paths/paths.h"
 #include "platform/text/letter_case.h"
@@ -23,32 +21,17 @@
 
 namespace {
 
-constexpr std::size_t kKeysChecked = 3;
+using fuzz::Require;
 
-// Stops the run at the first broken rule, naming its line.
-void Require(bool condition, int line = __builtin_LINE()) {
-  if (condition) return;
-  std::fprintf(stderr, "rule broken at line %d\n", line);
-  std::abort();
-}
+constexpr std::size_t kKeysChecked = 3;
 
 const std::string& Folder() {
   static const std::string folder = [] {
-    // In memory where there is such a folder: each write replaces the file.
-    char pattern[] = "/dev/shm/settings-fuzz-XXXXXX";
-    if (access("/dev/shm", W_OK) != 0) std::snprintf(pattern, sizeof pattern, "/tmp/settings-fuzz-XXXXXX");
-    const std::string made = mkdtemp(pattern);
+    const std::string made = fuzz::ScratchFolder("settings");
     setenv("XDG_CONFIG_HOME", (made + "/config").c_str(), 1);
     return made;
   }();
   return folder;
-}
-
-void WriteFile(const std::string& path, const std::string& text) {
-  std::FILE* file = std::fopen(path.c_str(), "wb");
-  Require(file != nullptr);
-  if (!text.empty()) Require(std::fwrite(text.data(), 1, text.size(), file) == text.size());
-  std::fclose(file);
 }
 
 struct Setting {
@@ -123,9 +106,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string text(reinterpret_cast<const char*>(data) + 1, size - 1);
   const std::string script = Folder() + "/script.ini";
   static const std::string user = UserFile(script);
-  WriteFile(script, text);
+  fuzz::WriteFile(script, text.data(), text.size());
   if (choice & 1)
-    WriteFile(user, text);
+    fuzz::WriteFile(user, text.data(), text.size());
   else
     std::filesystem::remove(user);
 

@@ -6,49 +6,28 @@
 // units from inside it. The metadata copy takes the file as the source of
 // a block or as the target of one: a target keeps its head, and no
 // temporary file stays behind.
-#include <unistd.h>
-
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <string>
 #include <vector>
 
+#include "fuzz_support.h"
 #include "exchange/tab_coordsys.h"
 #include "host/cartoma.h"
-#include "platform/files/files.h"
 #include "platform/text/letter_case.h"
 
 namespace {
+
+using fuzz::Require;
 
 constexpr std::size_t kPiece = 199;  // the readers' longest piece
 constexpr const char* kSource = "!table\nDefinition Table\nbegin_metadata\n\"\\Kept\" = \"1\"\n";
 constexpr const char* kTargetHead = "!table\r\nFields 1\r\nBEGIN_METADATA\r\n";
 
-// Stops the run at the first broken rule, naming its line.
-void Require(bool condition, int line = __builtin_LINE()) {
-  if (condition) return;
-  std::fprintf(stderr, "rule broken at line %d\n", line);
-  std::abort();
-}
-
 const std::string& Folder() {
-  static const std::string folder = [] {
-    // In memory where there is such a folder: each input writes files.
-    char pattern[] = "/dev/shm/tab-fuzz-XXXXXX";
-    if (access("/dev/shm", W_OK) != 0) std::snprintf(pattern, sizeof pattern, "/tmp/tab-fuzz-XXXXXX");
-    return std::string(mkdtemp(pattern));
-  }();
+  static const std::string folder = fuzz::ScratchFolder("tab");
   return folder;
-}
-
-void WriteFile(const std::string& path, const void* data, std::size_t size) {
-  std::FILE* file = std::fopen(path.c_str(), "wb");
-  Require(file != nullptr);
-  if (size) Require(std::fwrite(data, 1, size, file) == size);
-  std::fclose(file);
 }
 
 // The text as a reader of lines gives it: "\r\n" as "\n".
@@ -116,7 +95,7 @@ void RequireNoTemporaryFile() {
 // The file as the source of a block, into a target with a block of its own.
 void CheckCopyFrom(const std::string& input, const std::string& text) {
   const std::string target = Folder() + "/other.tab";
-  WriteFile(target, kTargetHead, std::char_traits<char>::length(kTargetHead));
+  fuzz::WriteFile(target, kTargetHead, std::char_traits<char>::length(kTargetHead));
   Require(CCartoma::CopyTabMetadata(input, target) == 1);
   RequireNoTemporaryFile();
   const std::string copied = ReadBack(target);
@@ -126,7 +105,7 @@ void CheckCopyFrom(const std::string& input, const std::string& text) {
 // The file as a target: its own lines up to its first marker stay.
 void CheckCopyInto(const std::string& input, const std::string& text) {
   const std::string source = Folder() + "/other.tab";
-  WriteFile(source, kSource, std::char_traits<char>::length(kSource));
+  fuzz::WriteFile(source, kSource, std::char_traits<char>::length(kSource));
   Require(CCartoma::CopyTabMetadata(source, input) == 1);
   RequireNoTemporaryFile();
   const std::string kept = AsRead(text);
@@ -139,7 +118,7 @@ void CheckCopyInto(const std::string& input, const std::string& text) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string text(reinterpret_cast<const char*>(data), size);
   const std::string input = Folder() + "/input.tab";
-  WriteFile(input, data, size);
+  fuzz::WriteFile(input, data, size);
   CheckPieces(input, text);
   // One copy an input, the costly part: odd lengths give a block, even ones take one.
   if (size % 2)

@@ -171,7 +171,7 @@ TEST_F(ViewerLinkTest, AListOfObjectsIsReadBetweenItsBoundsAndAShortKindListFail
     EXPECT_EQ(count, static_cast<std::int32_t>(c.names.size()));
     EXPECT_EQ(names, c.read) << "from " << c.lower;
     ASSERT_EQ(kinds.size(), c.read.size());
-    if (!kinds.empty()) EXPECT_EQ(kinds.front(), 10);
+    EXPECT_TRUE(kinds.empty() || kinds.front() == 10) << "kinds read from the same index";
   }
 }
 

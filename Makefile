@@ -83,7 +83,7 @@ FUZZ_SECONDS ?= 60
 # many small allocations, and ASan's defaults halve their rate. A finding is
 # replayed with the default options for its full report.
 FUZZ_ASAN    ?= malloc_context_size=2:max_malloc_fill_size=0:quarantine_size_mb=8
-FUZZ_TARGETS := preference_block ogb_reader workspace pen_passes
+FUZZ_TARGETS := preference_block ogb_reader workspace pen_passes tab_pieces settings_file list_objects
 fuzz: deps
 	@command -v clang++ >/dev/null || DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends clang
 	CC=clang CXX=clang++ cmake -S . -B $(FUZZ_BUILD) -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo

@@ -123,13 +123,15 @@ class CCartoma {
   int SetObjectColor(const std::string& object, int colour);
   std::string PickSymbol(const char* style);
 
-  // ---- the host's files on disk (cartoma_files.cpp)
-  std::string GetRasterFileName(const std::string& tabPath);
+  // ---- the host's files on disk (cartoma_files.cpp); they read the files
+  // directly, without the session
+  static std::string GetRasterFileName(const std::string& tabPath);
   int IsGridRasterTab(const std::string& table);
-  int ReadTabControlPoints(const std::string& tabPath, std::vector<double>& xs, std::vector<double>& ys,
-                           std::vector<unsigned long>& pixelXs, std::vector<unsigned long>& pixelYs);
-  int ReadTextLines(const std::string& path, std::vector<std::string>& lines);
-  int CopyTabMetadata(const std::string& source, const std::string& target);
+  static int IsGridRasterTabFile(const std::string& tabPath);
+  static int ReadTabControlPoints(const std::string& tabPath, std::vector<double>& xs, std::vector<double>& ys,
+                                  std::vector<unsigned long>& pixelXs, std::vector<unsigned long>& pixelYs);
+  static int ReadTextLines(const std::string& path, std::vector<std::string>& lines);
+  static int CopyTabMetadata(const std::string& source, const std::string& target);
 
   std::unordered_map<long, std::vector<unsigned long>> m_GroupArrays;
   std::string m_strLastError;

@@ -69,9 +69,9 @@ std::string CCartoma::GetRasterFileName(const std::string& tabPath) {
   return {};
 }
 
-int CCartoma::IsGridRasterTab(const std::string& table) {
+int CCartoma::IsGridRasterTabFile(const std::string& tabPath) {
   fk::TextReader tab;
-  if (!tab.Open(GetTablePath(table))) return 0;
+  if (!tab.Open(tabPath)) return 0;
   while (auto piece = tab.Gets(kPiece))
     if (Contains(fk::ToUpper(*piece), "RASTERSTYLE 6 1")) return 1;
   return 0;

@@ -96,6 +96,8 @@ std::string CCartoma::GetTablePath(const std::string& table) {
   return Eval(fk::Format("TableInfo(%s, %ld)", table, TAB_INFO_TABFILE));
 }
 
+int CCartoma::IsGridRasterTab(const std::string& table) { return IsGridRasterTabFile(GetTablePath(table)); }
+
 std::string CCartoma::GetTableCoordSysName(const std::string& table) {
   return Eval(fk::Format("TableInfo(%s, %ld)", table, TAB_INFO_COORDSYS_NAME));
 }

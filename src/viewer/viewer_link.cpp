@@ -234,7 +234,9 @@ std::int32_t CViewerLink::ListObjects(std::int32_t view, std::int32_t& count, st
   if (lists[0].Type() & fk::VT_ARRAY) {
     const SafeArray& first = lists[0].ToArray();
     if (first.UpperBound() >= first.LowerBound()) {
-      for (std::int32_t i = first.LowerBound(); i <= first.UpperBound(); ++i) {
+      // Counted wide: an array whose upper bound is the largest int ends the loop.
+      for (std::int64_t wide = first.LowerBound(); wide <= first.UpperBound(); ++wide) {
+        const auto i = static_cast<std::int32_t>(wide);
         names.push_back(first.At(i).ToText());
         kinds.push_back(lists[1].ToArray().At(i).ToInt());
         thirds.push_back(lists[2].ToArray().At(i).ToInt());

@@ -2,31 +2,22 @@
 // directory names is read, and what comes back lies inside the file. Each
 // pen read is then drawn along a polyline with corners, a short segment and
 // a turn back, on a recording device context, at a thin and a thick width.
-#include <unistd.h>
-
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <string>
 #include <vector>
 
+#include "fuzz_support.h"
 #include "host/pen_file.h"
 #include "maptools/style_line.h"
 #include "platform/draw/pen_and_brush_dc.h"
 
 namespace {
 
-void Require(bool condition) {
-  if (!condition) std::abort();
-}
+using fuzz::Require;
 
 const std::string& PenPath() {
-  static const std::string path = [] {
-    char pattern[] = "/dev/shm/pen-fuzz-XXXXXX";
-    if (access("/dev/shm", W_OK) != 0) std::snprintf(pattern, sizeof pattern, "/tmp/pen-fuzz-XXXXXX");
-    return std::string(mkdtemp(pattern)) + "/a.pen";
-  }();
+  static const std::string path = fuzz::ScratchFolder("pen") + "/a.pen";
   return path;
 }
 
@@ -58,10 +49,7 @@ void DrawEveryWay(const std::vector<std::string>& passes) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  std::FILE* file = std::fopen(PenPath().c_str(), "wb");
-  Require(file != nullptr);
-  if (size) Require(std::fwrite(data, 1, size, file) == size);
-  std::fclose(file);
+  fuzz::WriteFile(PenPath(), data, size);
   const int count = ReadPenCount(PenPath());
   std::vector<std::string> passes;
   for (int index = -1; index <= count && index < 8; ++index) {

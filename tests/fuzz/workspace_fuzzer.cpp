@@ -5,40 +5,24 @@
 // rewrite leaves one line fewer for each dropped table at most, never a
 // longer file than the repairs can explain, and no temporary file behind;
 // the assembly reaches the end of the file.
-#include <unistd.h>
-
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <string>
 #include <vector>
 
+#include "fuzz_support.h"
 #include "workspace/statement_reader.h"
 #include "workspace/workspace_text.h"
 
 namespace {
 
-void Require(bool condition) {
-  if (!condition) std::abort();
-}
+using fuzz::Require;
 
+// In memory where there is such a folder: the rewrite syncs its file.
 const std::string& Folder() {
-  static const std::string folder = [] {
-    // In memory where there is such a folder: the rewrite syncs its file.
-    char pattern[] = "/dev/shm/workspace-fuzz-XXXXXX";
-    if (access("/dev/shm", W_OK) != 0) std::snprintf(pattern, sizeof pattern, "/tmp/workspace-fuzz-XXXXXX");
-    return std::string(mkdtemp(pattern));
-  }();
+  static const std::string folder = fuzz::ScratchFolder("workspace");
   return folder;
-}
-
-void WriteFile(const std::string& path, const std::uint8_t* data, std::size_t size) {
-  std::FILE* file = std::fopen(path.c_str(), "wb");
-  Require(file != nullptr);
-  if (size) Require(std::fwrite(data, 1, size, file) == size);
-  std::fclose(file);
 }
 
 void AssembleToTheEnd(const std::string& path, std::size_t size) {
@@ -54,7 +38,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (size == 0) return 0;
   const std::uint8_t choice = data[0];
   const std::string path = Folder() + "/w.wor";
-  WriteFile(path, data + 1, size - 1);
+  fuzz::WriteFile(path, data + 1, size - 1);
 
   std::vector<std::string> paths = ScanWorkspaceTables(path);
   for (std::size_t i = 0; i < paths.size(); ++i)
@@ -67,7 +51,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::uintmax_t written = std::filesystem::file_size(path);
   Require(written <= 2 * (size - 1) + 16 * (paths.size() + 1) + 4 * size);
 
-  WriteFile(path, data + 1, size - 1);
+  fuzz::WriteFile(path, data + 1, size - 1);
   AssembleToTheEnd(path, size);
   return 0;
 }

@@ -110,6 +110,14 @@ TEST(SafeArrayTest, KeepsElementTypeAndLowerBoundAndChecksIndexAndType) {
   EXPECT_TRUE(kept.ElementType() == fk::VT_BSTR && kept.UpperBound() == 2 && kept.At(2).ToText() == "y");
   EXPECT_THROW(kept.At(0), OleException);
   EXPECT_THROW(kept.At(3), OleException);
+  const SafeArray lowest(fk::VT_I4, INT32_MIN), highest = [] {
+    SafeArray one(fk::VT_I4, INT32_MAX);
+    one.Append(Variant::Int(9));
+    return one;
+  }();
+  EXPECT_THROW(lowest.At(INT32_MIN), OleException) << "an empty array at the smallest bound holds nothing";
+  EXPECT_EQ(highest.At(INT32_MAX).ToInt(), 9);
+  EXPECT_THROW(highest.At(INT32_MIN), OleException);
   EXPECT_THROW(SafeArray::OfInts({7}).Append(Variant::Text("8")), OleException);
 }
 

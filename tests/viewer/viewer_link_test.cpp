@@ -12,8 +12,11 @@
 #include <cctype>
 #include <filesystem>
 #include <functional>
+#include <span>
 
 #include "platform/automation/class_registry.h"
+#include "platform/automation/exceptions.h"
+#include "platform/automation/safe_array.h"
 #include "platform/registry/registry.h"
 #include "support/session_fixture.h"
 #include "viewer/win_process.h"
@@ -112,6 +115,64 @@ TEST_F(ViewerLinkTest, EmptyListsStayOffTheWireAndTextsAreCutTo255) {
   m_link.ShowHelpTopic(std::string(300, 'x'));
   EXPECT_THAT(m_viewer->ids, ElementsAre(1, 51));
   EXPECT_THAT(m_viewer->texts, ElementsAre(std::string(255, 'x')));
+}
+
+// Answers ListObjects with three lists from `lower` on: the names, and the
+// kinds and third values, which may be `shorter` by one.
+class ListingViewer : public fk::Dispatch {
+ public:
+  ListingViewer(std::int32_t lower, std::vector<std::string> names, bool shorter)
+      : m_lower(lower), m_names(std::move(names)), m_shorter(shorter) {}
+  fk::Variant Invoke(std::int32_t, std::uint16_t, std::span<fk::Variant> args) override {
+    fk::SafeArray names(fk::VT_VARIANT, m_lower), kinds(fk::VT_I4, m_lower), thirds(fk::VT_I4, m_lower);
+    for (std::size_t i = 0; i < m_names.size(); ++i) {
+      names.Append(fk::Variant::Text(m_names[i]));
+      if (m_shorter && i + 1 == m_names.size()) break;
+      kinds.Append(fk::Variant::Int(static_cast<std::int32_t>(i) + 10));
+      thirds.Append(fk::Variant::Int(0));
+    }
+    args[1].Assign(fk::Variant::Int(static_cast<std::int32_t>(m_names.size())));
+    args[2].Assign(fk::Variant::Array(std::move(names)));
+    args[3].Assign(fk::Variant::Array(std::move(kinds)));
+    args[4].Assign(fk::Variant::Array(std::move(thirds)));
+    return fk::Variant::Int(7);
+  }
+
+ private:
+  std::int32_t m_lower;
+  std::vector<std::string> m_names;
+  bool m_shorter;
+};
+
+TEST_F(ViewerLinkTest, AListOfObjectsIsReadBetweenItsBoundsAndAShortKindListFails) {
+  const struct {
+    std::int32_t lower;
+    std::vector<std::string> names;
+    bool shorter;
+    std::vector<std::string> read;  // nothing read: the call fails
+  } kCases[] = {
+      {0, {"3D Window", "Image [pit]"}, false, {"3D Window", "Image [pit]"}},
+      {5, {"a", "b", "c"}, false, {"a", "b", "c"}},
+      {INT32_MAX, {"last index"}, false, {"last index"}},
+      {INT32_MAX - 1, {"a", "b"}, false, {"a", "b"}},
+      {0, {}, false, {}},
+      {0, {"a", "b"}, true, {}},
+  };
+  for (const auto& c : kCases) {
+    m_link.m_ViewerInterface.AttachDispatch(std::make_shared<ListingViewer>(c.lower, c.names, c.shorter));
+    std::int32_t count = 0;
+    std::vector<std::string> names{"stale"};
+    std::vector<std::int32_t> kinds, thirds;
+    if (c.shorter) {
+      EXPECT_THROW(m_link.ListObjects(1, count, names, kinds, thirds), fk::OleException);
+      continue;
+    }
+    EXPECT_EQ(m_link.ListObjects(1, count, names, kinds, thirds), 7);
+    EXPECT_EQ(count, static_cast<std::int32_t>(c.names.size()));
+    EXPECT_EQ(names, c.read) << "from " << c.lower;
+    ASSERT_EQ(kinds.size(), c.read.size());
+    EXPECT_TRUE(kinds.empty() || kinds.front() == 10) << "kinds read from the same index";
+  }
 }
 
 using ViewerLaunch = HeadlessTest;

@@ -16,9 +16,12 @@ SafeArray SafeArray::OfInts(const std::vector<std::int32_t>& values) {
   return array;
 }
 
+// The index is checked against the count: the upper bound of an empty array
+// from the smallest int is no real bound.
 const Variant& SafeArray::At(std::int32_t index) const {
-  if (index < m_lowerBound || index > UpperBound()) throw OleException("Invalid index.");
-  return m_elements[static_cast<std::size_t>(index - m_lowerBound)];
+  const std::int64_t offset = std::int64_t{index} - m_lowerBound;
+  if (offset < 0 || offset >= static_cast<std::int64_t>(m_elements.size())) throw OleException("Invalid index.");
+  return m_elements[static_cast<std::size_t>(offset)];
 }
 
 void SafeArray::Append(Variant element) {

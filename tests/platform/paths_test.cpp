@@ -91,13 +91,16 @@ TEST(IniFileTest, ReadsIgnoringCaseWithDefaultsAndTheBufferLimit) {
 
 TEST(IniFileTest, WritesKeepTheRestOfTheFileAndNeverMakeFolders) {
   ScopedFolder folder;
-  const std::string file = folder.Write("a.ini", "; keep me\n[One]\nA=1\nB=2\n[Two]\nC=3\n");
+  const std::string file = folder.Write("a.ini", "; keep me\n[One]\nA=1\nB=2\nQ=\"\"twice\"\"\n[Two]\nC=3\n");
   ASSERT_TRUE(fk::WritePrivateProfileString("one", "a", "10", file));
   ASSERT_TRUE(fk::WritePrivateProfileString("One", "B", std::nullopt, file));
   ASSERT_TRUE(fk::WritePrivateProfileString("Two", std::nullopt, std::nullopt, file));
+  ASSERT_TRUE(fk::WritePrivateProfileString("One", "S", " spaced ", file));
   const std::string text = ReadFile(file);
   EXPECT_TRUE(text.starts_with("; keep me\r\n")) << text;
-  EXPECT_TRUE(text.ends_with("[One]\r\nA=10\r\n")) << text;
+  EXPECT_TRUE(text.ends_with("[One]\r\nA=10\r\nQ=\"\"twice\"\"\r\nS=\" spaced \"\r\n")) << text;
+  EXPECT_EQ(fk::GetPrivateProfileString("One", "Q", "", 64, file), "\"twice\"") << "other values keep their quotes";
+  EXPECT_EQ(fk::GetPrivateProfileString("One", "S", "", 64, file), " spaced ");
   EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), std::count(text.begin(), text.end(), '\r')) << "CR LF";
 
   EXPECT_TRUE(fk::WritePrivateProfileString("S", "K", "V", folder.Path() + "/new.ini")) << "a new file is made";

@@ -20,12 +20,22 @@ namespace fk {
 namespace {
 
 // Names compare ignoring case; narrow text kept as it is, one value per key (a later line wins), no
-// multi-line values, "key=value" without blanks when written.
-std::unique_ptr<CSimpleIniA> NewIniFile() {
+// multi-line values, "key=value" without blanks when written. With `quotes` a value between double
+// quotes loses them; a write reads without, so that every other value goes back as it stood (a value
+// read without its quotes and written back would lose a second pair at the next read).
+std::unique_ptr<CSimpleIniA> NewIniFile(bool quotes) {
   auto ini = std::make_unique<CSimpleIniA>(false, false, false);
   ini->SetSpaces(false);
-  ini->SetQuotes(true);
+  ini->SetQuotes(quotes);
   return ini;
+}
+
+// A value with blanks at either end is stored between double quotes, which a read takes off.
+std::string StoredValue(std::string_view value) {
+  const auto blank = [](char c) { return c == ' ' || c == '\t'; };
+  const bool quoted = !value.empty() && value.find_first_of("\r\n") == std::string_view::npos &&
+                      (blank(value.front()) || blank(value.back()));
+  return quoted ? "\"" + std::string(value) + "\"" : std::string(value);
 }
 
 // Loads the file; a file that isn't there is an empty one. False when the
@@ -55,7 +65,7 @@ bool Save(const CSimpleIniA& ini, const std::string& nativePath) {
 std::string GetPrivateProfileString(std::string_view section, std::string_view key,
                                     std::string_view defaultValue, std::size_t size, std::string_view file) {
   if (size == 0) return {};
-  auto ini = NewIniFile();
+  auto ini = NewIniFile(true);
   const char* found = nullptr;
   if (Load(*ini, Native(file)))
     found = ini->GetValue(std::string(section).c_str(), std::string(key).c_str(), nullptr);
@@ -70,14 +80,14 @@ bool WritePrivateProfileString(std::string_view section, std::optional<std::stri
   // Read, change and write back under the file's lock: two processes
   // writing at once each keep the other's values.
   const FileLock lock(nativePath);
-  auto ini = NewIniFile();
+  auto ini = NewIniFile(false);
   if (!lock.Held() || !Load(*ini, nativePath)) return false;
   const std::string sectionName(section);
   if (!key) {
     ini->Delete(sectionName.c_str(), nullptr);
   } else if (!value) {
     ini->Delete(sectionName.c_str(), std::string(*key).c_str());
-  } else if (ini->SetValue(sectionName.c_str(), std::string(*key).c_str(), std::string(*value).c_str()) < 0) {
+  } else if (ini->SetValue(sectionName.c_str(), std::string(*key).c_str(), StoredValue(*value).c_str()) < 0) {
     return false;
   }
   return Save(*ini, nativePath);

@@ -42,15 +42,6 @@ class FakeObject : public fk::Dispatch {
   std::vector<std::string> calls;
 };
 
-void ExpectTypeMismatch(const std::function<void()>& conversion) {
-  try {
-    conversion();
-    ADD_FAILURE() << "the conversion did not throw";
-  } catch (const OleException& e) {
-    EXPECT_STREQ(e.what(), "Type mismatch.");
-  }
-}
-
 TEST(VariantTest, KeepsItsTypeWordAndConvertsByTheAutomationRules) {
   // A list is 0x2000 alone, whatever its elements.
   const Variant list = Variant::Array(SafeArray::OfVariants({Variant::Int(1), Variant::Text("a")}), fk::VT_ARRAY);
@@ -67,12 +58,12 @@ TEST(VariantTest, KeepsItsTypeWordAndConvertsByTheAutomationRules) {
   EXPECT_EQ(Variant::Double(1.5).ToText() + " " + Variant::Bool(true).ToText(), "1.5 -1");
   EXPECT_TRUE(Variant::Text("TRUE").ToBool() && !Variant::Text("faLSE").ToBool());
 
-  auto object = std::make_shared<FakeObject>();
+  const auto typeMismatch = ::testing::ThrowsMessage<OleException>("Type mismatch.");
   for (const char* text : {"abc", "12abc", "", "nan", "0x10"})
-    ExpectTypeMismatch([&] { Variant::Text(text).ToDouble(); });
-  ExpectTypeMismatch([&] { Variant::Object(object).ToText(); });
-  ExpectTypeMismatch([] { Variant::Int(1).ToObject(); });
-  ExpectTypeMismatch([] { Variant::Text("x").ToArray(); });
+    EXPECT_THAT([&] { Variant::Text(text).ToDouble(); }, typeMismatch) << text;
+  EXPECT_THAT([] { Variant::Object(std::make_shared<FakeObject>()).ToText(); }, typeMismatch);
+  EXPECT_THAT([] { Variant::Int(1).ToObject(); }, typeMismatch);
+  EXPECT_THAT([] { Variant::Text("x").ToArray(); }, typeMismatch);
 }
 
 TEST(VariantTest, ReferencesReadAndWriteThroughToTheCallersStorage) {

@@ -14,7 +14,7 @@ namespace {
 
 using HeadlessUiTest = HeadlessTest;
 
-TEST_F(HeadlessUiTest, UnknownOrMisusedControlsAndBoxesOutOfOrderAreFaults) {
+TEST_F(HeadlessUiTest, UnknownOrMisusedControlsBoxesOutOfOrderAndPressesTheUserCantMakeAreFaults) {
   ProbeDialog dialog(1003);  // over the field selection template
   dialog.onInit = [](fk::ui::DialogView& view) { view.SetText(1099, "x"); };
   EXPECT_THROW(dialog.DoModal(), std::logic_error);
@@ -26,10 +26,8 @@ TEST_F(HeadlessUiTest, UnknownOrMisusedControlsAndBoxesOutOfOrderAreFaults) {
   dialog.onInit = nullptr;
   m_ui.OnDialog(1009, [](fk::ui::HeadlessDialog& user) { user.Press(fk::ui::IDOK); });
   EXPECT_THROW(dialog.DoModal(), std::logic_error) << "box 1003 opened where 1009 was expected";
-}
 
-TEST_F(HeadlessUiTest, TheUserCanOnlyUseWhatIsShownAndEnabled) {
-  ProbeDialog dialog(1003);
+  // The user can only press a button that is shown and enabled.
   dialog.onInit = [](fk::ui::DialogView& view) {
     view.Enable(1030, false);
     view.Show(1031, false);

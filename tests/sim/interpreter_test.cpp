@@ -51,10 +51,11 @@ TEST_F(Tables, TheCatalogueAnswersByNumberByNameAndForTheLastTable) {
   EXPECT_EQ(Eval("NumTables()"), "2") << "a failed selection leaves no table behind";
 }
 
-TEST_F(Tables, SelectionsFilterOrderAndBecomeTheSelection) {
+TEST_F(Tables, SelectionsFillTablesFilterOrderJoinAndBecomeTheSelection) {
   Do("Create Table Keys (ID Char (10))");
-  Do("Insert Into Keys (ID) Values(\"DH1\")");
-  Do("Insert Into Keys (ID) Values(\"DH3\")");
+  Do("Insert Into Keys (ID) Select HoleID From Holes Where Depth > 10");
+  ExpectAnswers({{"\"DH3\" In (Select ID From Keys)", "T"}, {"\"DH2-LO\" In (Select ID From Keys)", "F"}});
+  EXPECT_EQ(Eval("NumTables()"), "2") << "the inner selection leaves no table";
   Do("SELECT * FROM Holes WHERE COL1 IN (SELECT COL1 FROM Keys) ORDER BY COL1 INTO Sub NoSelect");
   EXPECT_THAT(Column("Sub", "HoleID"), ::testing::ElementsAre("DH1", "DH3"));
   EXPECT_EQ(Eval("TableInfo(Sub, 7)"), "T");
@@ -67,6 +68,8 @@ TEST_F(Tables, SelectionsFilterOrderAndBecomeTheSelection) {
   Do("Select HoleID, Depth * 2 As Twice From Holes Where HoleID <> \"DH1\" Order By Twice Into Doubled");
   EXPECT_THAT(Column("Doubled", "Twice"), ::testing::ElementsAre("14", "61"));
   EXPECT_EQ(Eval("SelectionInfo(1)"), "Doubled") << "a selection of chosen columns is its own table";
+  Do("Select Holes.HoleID, Depth From Holes, Keys Where Holes.HoleID = Keys.ID Order By Depth Into Joined");
+  EXPECT_THAT(Column("Joined", "Depth"), ::testing::ElementsAre("12", "30.5"));
 }
 
 TEST_F(Tables, UpdateDeleteAndPackWorkRowByRowAndAFailureHalfwayChangesNoRow) {

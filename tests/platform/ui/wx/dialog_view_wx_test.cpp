@@ -42,9 +42,7 @@ Kind& Get(wxDialog& box, int id) {
   return dynamic_cast<Kind&>(user::Control(box, id));
 }
 
-// One run over a control of every kind: what the code set shows in the
-// toolkit's controls, and what the user did there reads back and reaches
-// the code (the code's own changes don't come back to it).
+// The code's own changes don't come back to it as the user's.
 TEST_F(DialogViewWxTest, EveryControlShowsWhatTheCodeSetAndTheCodeReadsWhatTheUserDid) {
   m_dialog.onInit = [](DialogView& view) {
     view.SetTitle("Hole Options");
@@ -145,7 +143,6 @@ TEST_F(DialogViewWxTest, FaultsOfTheDialogBoxCodeThrowAsWithoutAScreen) {
   m_dialog.onInit = nullptr;
   std::thread([this] { EXPECT_THROW(Run(m_dialog), std::logic_error) << "another thread"; }).join();
 
-  m_dialog.onInit = nullptr;
   m_dialog.onButton = [](DialogView&, fk::ui::Prompter&, int) { throw std::runtime_error("table is gone"); };
   m_dialogs.Use([](wxDialog& box) {
     user::Press(box, ACT);
@@ -154,8 +151,6 @@ TEST_F(DialogViewWxTest, FaultsOfTheDialogBoxCodeThrowAsWithoutAScreen) {
   EXPECT_THROW(Run(m_dialog), std::runtime_error) << "the fault comes out of the run";
 }
 
-// A question stands over the box that asks; the close box and Escape are
-// Cancel, and the code decides.
 TEST_F(DialogViewWxTest, AQuestionStandsOverTheBoxAndTheCloseBoxAndEscapeAreCancel) {
   int answer = 0;
   m_dialog.onInit = [](DialogView& view) { view.SetTitle("Reproject"); };

@@ -32,8 +32,7 @@ void Notify(wxWindow& control, wxEventType type, int value) {
   control.HandleWindowEvent(event);
 }
 
-}  // namespace
-
+// Runs the toolkit's loop until the window has drawn itself once more.
 void AwaitDrawing(wxTopLevelWindow& window) {
   wxEventLoop loop;
   bool drawn = false;
@@ -48,6 +47,8 @@ void AwaitDrawing(wxTopLevelWindow& window) {
   loop.Run();
   window.Unbind(wxEVT_PAINT, onPaint);
 }
+
+}  // namespace
 
 wxWindow& Control(wxWindow& root, int id) {
   // Among the children: a box may bear the number of one of its controls.

@@ -29,9 +29,6 @@ void PressEscape(wxWindow& window);
 // simulated input.
 bool MouseClick(wxWindow& target, wxWindow& witness);
 
-// Runs the toolkit's loop until the window has drawn itself once more.
-void AwaitDrawing(wxTopLevelWindow& window);
-
 // Saves a picture of the window as the screen shows it, once it has been
 // drawn, as test-artifacts/<name>.png; the path.
 std::string Screenshot(wxTopLevelWindow& window, const std::string& name);

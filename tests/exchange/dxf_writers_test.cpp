@@ -1,10 +1,8 @@
 // The DXF files of both writers: byte for byte (the exports called by name
-// on a freshly loaded library, the way a host script calls them; the
-// selection file with its fixed header and faces at two decimals in the face
-// colour), and read back by another program: ezdxf's strict reader and its
-// audit (tests/exchange/check_dxf.py), with the entities, colours, vertex
-// counts, closed flags and coordinates compared with what was written
-// (skipped when /usr/bin/python3 can't import ezdxf).
+// on a freshly loaded library, as a host script calls them; the selection
+// file with its fixed header and faces at two decimals), and read back by
+// ezdxf's strict reader and audit (check_dxf.py) with the entities, colours,
+// vertices and closed flags compared (skipped when python3 lacks ezdxf).
 #include <fmt/ranges.h>
 #include <gtest/gtest.h>
 
@@ -23,31 +21,25 @@
 #include "support/formkit_library.h"
 #include "support/session_fixture.h"
 
-using Points = std::vector<std::array<double, 3>>;
+using Point3 = std::array<double, 3>;
+using Points = std::vector<Point3>;
 
 namespace {
 
 // The corners of a selection box worked out on their own, from the angles'
-// meaning: the offset is turned about x by 90 less the tilt, then about z
-// by the negated turn, with the exact value of pi. Tests compare the
-// written faces with these at the two decimals of the file.
-
-struct BoxCorner {
-  double x, y, z;
-};
-
-// The eight corners: (-hx, +hy), (+hx, +hy), (+hx, -hy), (-hx, -hy) at +hz,
-// then the same at -hz.
-std::array<BoxCorner, 8> ExpectedBox(BoxCorner centre, BoxCorner size, double tilt, double turn) {
+// meaning: the offset is turned about x by 90 less the tilt, then about z by
+// the negated turn, with the exact value of pi. (-hx, +hy), (+hx, +hy),
+// (+hx, -hy), (-hx, -hy) at +hz, then the same at -hz.
+std::array<Point3, 8> ExpectedBox(Point3 centre, Point3 size, double tilt, double turn) {
   const double a = (90.0 - tilt) * std::numbers::pi / 180.0, b = -turn * std::numbers::pi / 180.0;
-  const double sx[4] = {-size.x / 2, size.x / 2, size.x / 2, -size.x / 2};
-  const double sy[4] = {size.y / 2, size.y / 2, -size.y / 2, -size.y / 2};
-  std::array<BoxCorner, 8> box;
+  const double sx[4] = {-size[0] / 2, size[0] / 2, size[0] / 2, -size[0] / 2};
+  const double sy[4] = {size[1] / 2, size[1] / 2, -size[1] / 2, -size[1] / 2};
+  std::array<Point3, 8> box;
   for (int i = 0; i < 8; ++i) {
-    const double ox = sx[i % 4], oy = sy[i % 4], oz = i < 4 ? size.z / 2 : -size.z / 2;
+    const double ox = sx[i % 4], oy = sy[i % 4], oz = i < 4 ? size[2] / 2 : -size[2] / 2;
     const double y1 = oy * std::cos(a) - oz * std::sin(a), z1 = oy * std::sin(a) + oz * std::cos(a);
-    box[i] = {centre.x + ox * std::cos(b) - y1 * std::sin(b), centre.y + ox * std::sin(b) + y1 * std::cos(b),
-              centre.z + z1};
+    box[i] = {centre[0] + ox * std::cos(b) - y1 * std::sin(b), centre[1] + ox * std::sin(b) + y1 * std::cos(b),
+              centre[2] + z1};
   }
   return box;
 }
@@ -76,7 +68,7 @@ class DXFExportsTest : public ::testing::Test {
   decltype(&DXFClose) m_close = FORMKIT_EXPORT(m_library, DXFClose);
 };
 
-TEST_F(DXFExportsTest, AFileWithoutEntitiesIsTheHeadAndTheTailAndNothingIsWrittenWithoutAFile) {
+TEST_F(DXFExportsTest, AFileWithoutEntitiesIsTheHeadAndTheTailAndNothingIsWrittenWithoutAnOpenFile) {
   const double v[] = {1};
   EXPECT_EQ(m_create(Path("missing-folder/a.dxf").c_str()), 0);
   EXPECT_FALSE(std::filesystem::exists(Path("missing-folder")));
@@ -95,6 +87,18 @@ TEST_F(DXFExportsTest, AFileWithoutEntitiesIsTheHeadAndTheTailAndNothingIsWritte
                    "  0\nENDSEC\n  0\nSECTION\n  2\nENTITIES\n" +
                    kTail))
       << "bounds are written as given, min above max included, with six decimals rounded half to even";
+
+  // A new file leaves the open one without its end, and the colour outlives the file.
+  EXPECT_EQ(m_color(4242), 1) << "a colour may come before the file";
+  ASSERT_EQ(m_create(Path("left.dxf").c_str()), 1);
+  m_point(1, 1, 1);
+  ASSERT_EQ(m_create(Path("next.dxf").c_str()), 1);
+  m_point(0, 0, 0);
+  EXPECT_EQ(m_close(), 1);
+  const std::string left = ReadFile(Path("left.dxf"));
+  EXPECT_TRUE(left.ends_with(OnDisk(" 30\n1.000000\n"))) << "the entities sent so far reach the disk";
+  EXPECT_EQ(left.find("EOF"), std::string::npos);
+  EXPECT_NE(ReadFile(Path("next.dxf")).find("RGB=4242\r\n"), std::string::npos);
 }
 
 TEST_F(DXFExportsTest, EntitiesCarryLayerZeroAndTheColourCommentAndPolylinesAVertexPerValue) {
@@ -124,19 +128,6 @@ TEST_F(DXFExportsTest, EntitiesCarryLayerZeroAndTheColourCommentAndPolylinesAVer
                    " 11\n0.000000\n 21\n-0.500000\n 31\n2.000000\n" +
                    head8 + v1 + v2 + seqend + head9 + v1 + v2 + Vertex("255", "3.000000", "6.000000", "9.000000") +
                    seqend + head8 + seqend + head9 + seqend + kTail));
-}
-
-TEST_F(DXFExportsTest, ANewFileLeavesTheOpenOneWithoutItsEndAndKeepsTheColour) {
-  EXPECT_EQ(m_color(4242), 1) << "a colour may come before the file";
-  ASSERT_EQ(m_create(Path("left.dxf").c_str()), 1);
-  m_point(1, 1, 1);
-  ASSERT_EQ(m_create(Path("next.dxf").c_str()), 1);
-  m_point(0, 0, 0);
-  EXPECT_EQ(m_close(), 1);
-  const std::string left = ReadFile(Path("left.dxf"));
-  EXPECT_TRUE(left.ends_with(OnDisk(" 30\n1.000000\n"))) << "the entities sent so far reach the disk";
-  EXPECT_EQ(left.find("EOF"), std::string::npos);
-  EXPECT_NE(ReadFile(Path("next.dxf")).find("RGB=4242\r\n"), std::string::npos) << "the colour outlives the file";
 }
 
 const std::string kHeader =
@@ -184,6 +175,7 @@ TEST_F(DXFSelectionTest, TheFixedHeaderThenTheFacesAtTwoDecimalsAndANullNameKeep
   CDXFSelection selection;
   selection.SetFileName(m_path.c_str());
   EXPECT_EQ(selection.SetFileName(nullptr), 1);
+  std::filesystem::remove(m_path);
   ASSERT_TRUE(selection.OpenSelection());
   selection.CloseSelection();
   EXPECT_TRUE(std::filesystem::exists(m_path));
@@ -214,7 +206,7 @@ struct Expectation {
   }
 };
 
-std::string Extents(const std::array<double, 3>& min, const std::array<double, 3>& max) {
+std::string Extents(const Point3& min, const Point3& max) {
   return fmt::format(R"(, "$EXTMIN": {}, "$EXTMAX": {})", min, max);
 }
 
@@ -255,15 +247,12 @@ TEST(DXFPeerTest, FilesOfBothWritersReadBackAsWritten) {
     ASSERT_TRUE(selection.OpenSelection());
     std::uniform_real_distribution<double> angle(-180, 180);
     for (int box = 0; box < 6; ++box) {
-      const BoxCorner centre{coordinate(random), coordinate(random), coordinate(random) / 100};
-      const BoxCorner size{1 + box * 10.0, 2 + box * 5.0, box == 3 ? 0.0 : 3.0};
+      const Point3 centre{coordinate(random), coordinate(random), coordinate(random) / 100};
+      const Point3 size{1 + box * 10.0, 2 + box * 5.0, box == 3 ? 0.0 : 3.0};
       const double tilt = angle(random), turn = angle(random);
-      selection.WriteBox(centre.x, centre.y, centre.z, size.x, size.y, size.z, tilt, turn);
-      const std::array<BoxCorner, 8> c = ExpectedBox(centre, size, tilt, turn);
-      const auto face = [&](int a, int b, int d) {
-        boxes.Entity("3DFACE", 1, {{c[a].x, c[a].y, c[a].z}, {c[b].x, c[b].y, c[b].z}, {c[d].x, c[d].y, c[d].z},
-                                   {c[a].x, c[a].y, c[a].z}});
-      };
+      selection.WriteBox(centre[0], centre[1], centre[2], size[0], size[1], size[2], tilt, turn);
+      const std::array<Point3, 8> c = ExpectedBox(centre, size, tilt, turn);
+      const auto face = [&](int a, int b, int d) { boxes.Entity("3DFACE", 1, {c[a], c[b], c[d], c[a]}); };
       face(0, 1, 2), face(0, 2, 3), face(4, 6, 5), face(4, 7, 6);
       for (int i = 0; i < 4; ++i) face(i, 4 + i, (i + 1) % 4), face(4 + i, 4 + (i + 1) % 4, (i + 1) % 4);
     }

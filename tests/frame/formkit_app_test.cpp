@@ -59,8 +59,6 @@ TEST_F(FormkitAppTest, ModuleStartReadsTheSharedProfileAndTheProductNameSelectsT
   EXPECT_EQ(g_Cartoma.m_nProductVariant, 1);
   EXPECT_EQ(theApp.m_strProduct, "Terravik3D");
   EXPECT_EQ(InitFormkitInstance(nullptr), 1);
-  EXPECT_EQ(SetInstallationID("site-7"), 1);
-  EXPECT_EQ(theApp.m_strInstallationID, "site-7");
 }
 
 TEST_F(FormkitAppTest, ConnectingFindsTheProductAndReloadsFromItsKeyKeepingWhatOnlySharedHad) {

@@ -57,6 +57,14 @@ TEST_F(CartomaTest, ConnectBorrowsTheScriptsObjectAndChecksTheApplicationOnce) {
 }
 
 TEST_F(CartomaTest, ConnectWithoutAHandleFindsTheRunningHostAndMakesItVisible) {
+  // A handle nobody registered leaves the session unconnected.
+  EXPECT_EQ(g_Cartoma.Connect(0x7abc, 1), 0);
+  EXPECT_NE(g_Cartoma.m_strLastError.find("31420"), std::string::npos) << "the message names the handle";
+  EXPECT_FALSE(g_CartomaDriver.IsAttached());
+  int error = -1;
+  EXPECT_EQ(g_Cartoma.Do("Close All", 1, &error), 1) << "nothing to send, and no failure";
+  EXPECT_TRUE(error == 0 && g_Cartoma.Eval("NumTables()").empty());
+
   ScriptedHost running;
   running.RegisterAsRunning();
   bool created = false;
@@ -69,16 +77,6 @@ TEST_F(CartomaTest, ConnectWithoutAHandleFindsTheRunningHostAndMakesItVisible) {
   EXPECT_TRUE(g_CartomaDriver.AutoRelease() && running.Visible());
   EXPECT_EQ(Checks(running), 0);
   fk::ClassRegistry::Instance().RevokeClass("Cartoma.Application");
-}
-
-TEST_F(CartomaTest, NoHostToFindOrAHandleNobodyRegisteredLeavesTheSessionUnconnected) {
-  EXPECT_EQ(g_Cartoma.Connect(0, 1), 0);
-  EXPECT_EQ(g_Cartoma.Connect(0x7abc, 1), 0);
-  EXPECT_NE(g_Cartoma.m_strLastError.find("31420"), std::string::npos) << "the message names the handle";
-  EXPECT_FALSE(g_CartomaDriver.IsAttached());
-  int error = -1;
-  EXPECT_EQ(g_Cartoma.Do("Close All", 1, &error), 1) << "nothing to send, and no failure";
-  EXPECT_TRUE(error == 0 && g_Cartoma.Eval("NumTables()").empty());
 }
 
 TEST_F(CartomaTest, FailingDoAndEvalKeepTheHostsTextAndLeaveTheSessionUsable) {
@@ -107,11 +105,8 @@ TEST_F(CartomaTest, DeferredStatementsQueueByGroupAndSendNothing) {
   int error = 7;
   EXPECT_EQ(g_Cartoma.Do("a1", 0, &error, 5), 1);
   EXPECT_EQ(error, 7) << "a queued statement leaves the error untouched";
-  g_Cartoma.Do("b1", 0, nullptr, 0);
-  g_Cartoma.Do("a2", 0, nullptr, 5);
-  g_Cartoma.Do("c1", 0, nullptr, 9);
-  g_Cartoma.Do("b2", 0, nullptr, 0);
-  g_Cartoma.Do("a3", 0, nullptr, 5);
+  for (const auto& [statement, group] : {std::pair{"b1", 0}, {"a2", 5}, {"c1", 9}, {"b2", 0}, {"a3", 5}})
+    g_Cartoma.Do(statement, 0, nullptr, group);
   EXPECT_THAT(g_DeferredStatements, ElementsAre("b1", "c1", "b2", "a3"));
   EXPECT_THAT(g_DeferredKeys, ElementsAre(0u, 9u, 0u, 5u));
   EXPECT_TRUE(host.Statements().empty());
@@ -187,20 +182,16 @@ TEST_F(CartomaTest, TheProductScriptIsFoundInTheProductOrderAndAnswersForTheProd
   EXPECT_EQ(g_Cartoma.FindApplicationScript(), 0);
 }
 
-TEST_F(HostFilesTest, RasterFileNameIsTakenFromTheFileLineInCapitals) {
+TEST_F(HostFilesTest, RasterFileNameGridStyleAndControlPoints) {
   ScopedFolder folder;
-  const std::string tab = folder.Write("image.tab",
-                                       "!table\r\n!version 300\r\nDefinition Table\r\n  File \"Aerial Photo.jpg\" \r\n"
-                                       "  Type \"RASTER\"\r\n");
-  EXPECT_EQ(g_Cartoma.GetRasterFileName(tab), "AERIAL PHOTO.JPG");
+  const std::string image = folder.Write(
+      "a.tab", "!table\r\n!version 300\r\nDefinition Table\r\n  File \"Aerial Photo.jpg\" \r\n  Type \"RASTER\"\r\n");
+  EXPECT_EQ(g_Cartoma.GetRasterFileName(image), "AERIAL PHOTO.JPG");
   EXPECT_EQ(g_Cartoma.GetRasterFileName(folder.Path() + "/missing.tab"), "");
   const std::string empty = folder.Write("empty.tab", "  File \"\"\r\n  profile \"grid.grd\"\n");
   EXPECT_EQ(g_Cartoma.GetRasterFileName(empty), "PROGRID.GRD")
       << "an empty name searches on, and \"FILE \" inside a word matches";
-}
 
-TEST_F(HostFilesTest, GridStyleAndControlPoints) {
-  ScopedFolder folder;
   const std::string tab = folder.Write(
       "grid.tab",
       "Definition Table\n  File \"dem.grd\"\n  Type \"RASTER\"\n"
@@ -248,7 +239,9 @@ TEST_F(HostFilesTest, TheTargetKeepsItsHeadAndTakesTheSourcesBlockAndAMissingFil
   EXPECT_EQ(ReadFile(plain), "!table\r\nFields 1\r\nbegin_metadata\r\n") << "an empty block";
 }
 
-TEST(PenFileTest, ThePenCountComesFromAPen2Header) {
+// Pen files as the host writes them: header with the pen count, directory of
+// record offsets, records of passes (each a length byte and its program).
+TEST(PenFileTest, TheCountComesFromAPen2HeaderAndPassesOnlyFromInsideTheFile) {
   ScopedFolder folder;
   const std::pair<std::string, int> files[] = {{std::string("PEN2\0\0\x2c\x01rest", 12), 300},
                                                {std::string("pen2\0\0\x05\0", 8), 5},
@@ -258,12 +251,7 @@ TEST(PenFileTest, ThePenCountComesFromAPen2Header) {
     EXPECT_EQ(GetCartomaPenCount(folder.Write("a.pen", bytes).c_str()), count) << bytes.substr(0, 4);
   EXPECT_EQ(GetCartomaPenCount((folder.Path() + "/none.pen").c_str()), 0);
   EXPECT_EQ(GetCartomaPenCount(nullptr), 0);
-}
 
-// Pen files laid out as the host writes them: header, directory of record
-// offsets, records of passes, each a length byte and its program.
-TEST(PenFileTest, PassesAreReadOnlyFromInsideTheFile) {
-  ScopedFolder folder;
   const std::string header("pen2\0\0\x02\0\x0c\0\x13\0", 12);  // two pens, at 12 and 19
   const std::string good = header + std::string("\x02\0\0\x02\x02\x08\x00", 7) + std::string("\x01\0\0\x01\x16", 5);
   const struct {

@@ -41,7 +41,7 @@ std::vector<ContourSegment> ContourThroughExport(const Grid& g, int ilb, int iub
   return g_segments;
 }
 
-TEST(ContourTest, ACellOnTheLevelGivesItsTriangleSidesWithRepeats) {
+TEST(ContourTest, ACellOnTheLevelGivesItsTriangleSidesWithRepeatsAndNoCellsNothing) {
   // Two flat cells: each triangle gives its outer side (case 3), so the
   // edge the cells share comes once from each.
   const Grid flat{{{5, 5}, {5, 5}, {5, 5}}, {0, 1, 2}, {0, 1}};
@@ -57,9 +57,8 @@ TEST(ContourTest, ACellOnTheLevelGivesItsTriangleSidesWithRepeats) {
   EXPECT_THAT(ContourThroughExport(ridge, 0, 1, 0, 1, {5}),
               ElementsAre(ContourSegment{0, 0, 0.5, 0.5, 5}, ContourSegment{0.5, 0.5, 1, 1, 5},
                           ContourSegment{1, 1, 0.5, 0.5, 5}, ContourSegment{0.5, 0.5, 0, 0, 5}));
-}
 
-TEST(ContourTest, NoLevelsOrNoCellsGiveNothing) {
+  // No levels, or no cells, give nothing.
   const Grid g{{{1, 2, 3}, {4, 5, 6}}, {0, 1}, {0, 1, 2}};
   EXPECT_TRUE(ContourThroughExport(g, 0, 1, 0, 2, {}).empty());
   EXPECT_TRUE(ContourThroughExport(g, 0, 0, 0, 2, {3.5}).empty()) << "one column";

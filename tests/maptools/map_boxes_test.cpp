@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "formkit/formkit.h"
+#include "frame/formkit_app.h"
 #include "host/cartoma.h"
-#include "platform/app/app_base.h"
 #include "support/host/emulated_host.h"
 #include "support/session_fixture.h"
 
@@ -23,18 +23,8 @@ enum { LAYER = 1122, X = 1118, Y = 1119, Z = 1120, BEARING = 1121 };
 enum { WINDOWS = 1000, FIXED_EXTENTS = 1001, FIXED_SCALE = 1002, UNSELECT_ALL = 1004, EXTENTS_TEXT = 1033,
        SCALE_TEXT = 1034, PAN = 1025, SYMBOL = 1042 };
 
-class MapBoxesOnEmulator : public HeadlessTest {
+class MapBoxesOnEmulator : public EmulatorSessionTest {
  protected:
-  void SetUp() override {
-    HeadlessTest::SetUp();
-    m_emulator.AddScript("terravik.cbx");
-    ASSERT_EQ(g_Cartoma.Connect(m_registration.Handle(), 1), 1);
-  }
-  std::string Open(const char* sample) {
-    const std::string path = CopySample(m_folder, sample);
-    EXPECT_TRUE(g_Cartoma.OpenTable(path.c_str(), sample, 0, 0)) << g_Cartoma.m_strLastError;
-    return path;
-  }
   // The lines of the table file's metadata block.
   static std::vector<std::string> MetadataBlock(const std::string& tabPath) {
     const std::string text = ReadFile(tabPath);
@@ -53,22 +43,17 @@ class MapBoxesOnEmulator : public HeadlessTest {
       if (box.View().ComboText(LAYER, i) == name) box.ChooseCombo(LAYER, i);
     return box.View().ComboCurSel(LAYER);
   }
-
-  ScopedFolder m_folder;
-  sim::Emulator m_emulator;
-  sim::CApiRegistration m_registration{sim::LinkedHostCApi(), m_emulator.Application()};
 };
 
 TEST_F(MapBoxesOnEmulator, ASectionPlaneIsWrittenInBothKeyFamiliesAndReadFromTheMapperLayer) {
-  const std::string collars = Open("collars");
-  Open("objects");
+  const std::string collars = Open("collars", "collars");
+  Open("objects", "objects");
   g_Cartoma.Do("Map From objects, collars");
   const std::string before = ReadFile(collars);
 
   // No layer is a section yet: the box offers the first layer with zeros.
   // Cancel writes nothing.
   m_ui.OnDialog(1023, [&](HeadlessDialog& box) {
-    EXPECT_EQ(box.View().Title(), "Window in Plain");
     EXPECT_EQ(box.View().ComboText(LAYER, box.View().ComboCurSel(LAYER)), "objects");
     EXPECT_THAT(Plane(box), ElementsAre("0", "0", "0", "0"));
     box.Press(fk::ui::IDCANCEL);
@@ -111,7 +96,6 @@ TEST_F(MapBoxesOnEmulator, TheWindowChoosersGiveBackTicksMethodPanAndSymbolOnOkO
   int32_t ticks[] = {1, 0, 5};
   int32_t method = 0;
   m_ui.OnDialog(1000, [&](HeadlessDialog& box) {
-    EXPECT_EQ(box.View().Title(), "Map Linking");
     const auto row = [&](int r) {
       return box.View().ListCtrlText(WINDOWS, r, 0) + "|" + box.View().ListCtrlText(WINDOWS, r, 1) + "|" +
              (box.View().ListCtrlCheck(WINDOWS, r) ? "x" : "");
@@ -131,17 +115,14 @@ TEST_F(MapBoxesOnEmulator, TheWindowChoosersGiveBackTicksMethodPanAndSymbolOnOkO
   ASSERT_EQ(LinkWinodowListDialog(items, ticks, 3, &method, m_registration.Handle()), 1);
   EXPECT_THAT(ticks, ElementsAre(0, 1, 0));
   EXPECT_EQ(method, 1);
-  const fk::AppBase* app = fk::AppBase::Current();
-  ASSERT_NE(app, nullptr);
-  EXPECT_EQ(app->GetProfileInt("LinkedWindows", "MapColSize", 0), 235);
-  EXPECT_EQ(app->GetProfileInt("LinkedWindows", "ProjColSize", 0), 121);
+  EXPECT_EQ(theApp.GetProfileInt("LinkedWindows", "MapColSize", 0), 235);
+  EXPECT_EQ(theApp.GetProfileInt("LinkedWindows", "ProjColSize", 0), 121);
 
   // Cancel gives nothing back.
   int32_t pan = 0;
   char symbol[64] = "Symbol (34,255,12)";
   m_emulator.GetHost().QueueSymbol("Symbol (35,16711680,18)");
   m_ui.OnDialog(1002, [&](HeadlessDialog& box) {
-    EXPECT_EQ(box.View().Title(), "Cursor Position");
     box.Press(SYMBOL);
     box.SetCheck(PAN, 1);
     box.Press(fk::ui::IDCANCEL);

@@ -64,20 +64,12 @@ void ExpectProjected(const char* from, const char* to, const Points& source, con
   proj_destroy(raw);
 }
 
-class ReprojectOnEmulator : public HeadlessTest {
+class ReprojectOnEmulator : public EmulatorSessionTest {
  protected:
   void SetUp() override {
-    HeadlessTest::SetUp();
-    m_emulator.AddScript("terravik.cbx");
+    EmulatorSessionTest::SetUp();
     m_emulator.QueueProjection(kUtm55, "UTM Zone 55 (WGS 84)");
-    ASSERT_EQ(g_Cartoma.Connect(m_registration.Handle(), 1), 1);
   }
-  std::string Open(const char* sample) {
-    const std::string path = CopySample(m_folder, sample);
-    EXPECT_TRUE(g_Cartoma.OpenTable(path.c_str(), sample, 0, 0)) << g_Cartoma.m_strLastError;
-    return path;
-  }
-  std::string In(const std::string& name) const { return (fs::path(m_folder.Path()) / name).string(); }
   std::vector<std::string> Statements() const {
     std::vector<std::string> texts;
     for (const sim::CallRecord& call : m_emulator.Calls())
@@ -95,15 +87,11 @@ class ReprojectOnEmulator : public HeadlessTest {
     return "Commit Table " + table + " As \"" + path + "\" " + kUtm55Clause;
   }
   int Run() { return MultiReProject(m_registration.Handle()); }
-
-  ScopedFolder m_folder;
-  sim::Emulator m_emulator;
-  sim::CApiRegistration m_registration{sim::LinkedHostCApi(), m_emulator.Application()};
 };
 
 TEST_F(ReprojectOnEmulator, OverwritingTwoTablesGoesThroughATemporaryCopyThatIsGoneAfterwards) {
-  const std::string collars = Open("collars"), objects = Open("objects");
-  const Points collarPoints = PointsOf(In("collars.gpkg")), objectPoints = PointsOf(In("objects.gpkg"));
+  const std::string collars = Open("collars", "collars"), objects = Open("objects", "objects");
+  const Points collarPoints = PointsOf(Out("collars.gpkg")), objectPoints = PointsOf(Out("objects.gpkg"));
   m_ui.OnDialog(1005, [&](HeadlessDialog& box) {
     box.Press(NEW_PROJECTION);
     box.Press(SELECT_ALL);
@@ -124,8 +112,8 @@ TEST_F(ReprojectOnEmulator, OverwritingTwoTablesGoesThroughATemporaryCopyThatIsG
                      Commit("_TempTableCopy", path), kOn, "Open Table \"" + path + "\"", "Drop Table _TempTableCopy"});
   }
   EXPECT_THAT(Statements(), ElementsAreArray(expected));
-  ExpectProjected("EPSG:28355", "EPSG:32755", collarPoints, PointsOf(In("collars.gpkg")));
-  ExpectProjected("EPSG:4326", "EPSG:32755", objectPoints, PointsOf(In("objects.gpkg")));
+  ExpectProjected("EPSG:28355", "EPSG:32755", collarPoints, PointsOf(Out("collars.gpkg")));
+  ExpectProjected("EPSG:4326", "EPSG:32755", objectPoints, PointsOf(Out("objects.gpkg")));
   for (const auto& entry : fs::directory_iterator(m_folder.Path()))
     EXPECT_EQ(entry.path().filename().string().find("_temp__"), std::string::npos) << entry.path();
 }
@@ -133,16 +121,16 @@ TEST_F(ReprojectOnEmulator, OverwritingTwoTablesGoesThroughATemporaryCopyThatIsG
 // An earth table and a non-earth one: the second is told and skipped, and
 // the box still ends with OK.
 TEST_F(ReprojectOnEmulator, NewTablesGoIntoTheFolderWithTheSuffixAndANonEarthTableIsSkipped) {
-  Open("collars");
+  Open("collars", "collars");
   m_emulator.GetHost().QueueOpenFile(CopySample(m_folder, "objects"));
-  const std::string plan = In("plan.tab");
+  const std::string plan = Out("plan.tab");
   for (const std::string& s : std::vector<std::string>{
            "Set CoordSys NonEarth Units \"m\"", "Create Table Plan (Name Char (10))",
            "Insert Into Plan (Name) Values(\"a\")", "Dim p As Object",
            "Create Point Into Variable p (1500.25, 250.5)", "Update Plan Set Obj = p",
            "Commit Table Plan As \"" + plan + "\"", "Close Table Plan", "Open Table \"" + plan + "\""})
     m_emulator.GetHost().Do(s);
-  const std::string out = In("utm");
+  const std::string out = Out("utm");
   fs::create_directory(out);
   m_ui.OnDialog(1005, [&](HeadlessDialog& box) {
     box.Press(NEW_PROJECTION);
@@ -165,8 +153,8 @@ TEST_F(ReprojectOnEmulator, NewTablesGoIntoTheFolderWithTheSuffixAndANonEarthTab
   EXPECT_THAT(Statements(), ElementsAre(kOff, Commit("collars", out + "/collars_utm.tab"), kOn, kOff,
                                         Commit("objects", out + "/objects_utm.tab"), kOn))
       << "written, not opened";
-  ExpectProjected("EPSG:28355", "EPSG:32755", PointsOf(In("collars.gpkg")), PointsOf(out + "/collars_utm.gpkg"));
-  ExpectProjected("EPSG:4326", "EPSG:32755", PointsOf(In("objects.gpkg")), PointsOf(out + "/objects_utm.gpkg"));
+  ExpectProjected("EPSG:28355", "EPSG:32755", PointsOf(Out("collars.gpkg")), PointsOf(out + "/collars_utm.gpkg"));
+  ExpectProjected("EPSG:4326", "EPSG:32755", PointsOf(Out("objects.gpkg")), PointsOf(out + "/objects_utm.gpkg"));
 }
 
 // The control points of a raster table file: world points, then pixels.
@@ -183,7 +171,7 @@ std::pair<Points, Points> ControlPoints(const std::string& tabPath) {
 }
 
 TEST_F(ReprojectOnEmulator, ARasterTableIsWrittenAnewFromItsControlPointsEachConvertedByTheHost) {
-  const std::string dem = Open("dem");
+  const std::string dem = Open("dem", "dem");
   const auto [world, pixels] = ControlPoints(dem);
   ReprojectTarget inPlace;
   inPlace.projection = "1, 104";
@@ -197,11 +185,11 @@ TEST_F(ReprojectOnEmulator, ARasterTableIsWrittenAnewFromItsControlPointsEachCon
 }
 
 TEST_F(ReprojectOnEmulator, OkChecksTheChoicesInTheirOrderAndTheOptionsGreyAsTold) {
-  const std::string collars = Open("collars");
-  fs::copy_file(In("collars.tab"), In("collars_temp__.TAB"));
-  fs::copy_file(In("collars.gpkg"), In("collars_temp__.gpkg"));
-  ASSERT_TRUE(g_Cartoma.OpenTable(In("collars_temp__.TAB").c_str(), "Blocker", 1, 0));
-  const std::string before = ReadFile(collars) + ReadFile(In("collars.gpkg"));
+  const std::string collars = Open("collars", "collars");
+  fs::copy_file(Out("collars.tab"), Out("collars_temp__.TAB"));
+  fs::copy_file(Out("collars.gpkg"), Out("collars_temp__.gpkg"));
+  ASSERT_TRUE(g_Cartoma.OpenTable(Out("collars_temp__.TAB").c_str(), "Blocker", 1, 0));
+  const std::string before = ReadFile(collars) + ReadFile(Out("collars.gpkg"));
   struct Case {
     std::function<void(HeadlessDialog&)> action;
     std::string message;  // at OK
@@ -218,7 +206,7 @@ TEST_F(ReprojectOnEmulator, OkChecksTheChoicesInTheirOrderAndTheOptionsGreyAsTol
        "File postfix is empty."},
       // Overwriting needs neither; its first commit meets the blocked file.
       {[](HeadlessDialog& box) { box.SetCheck(IN_DIRECTORY, 1), box.SetCheck(OVERWRITE, 1); },
-       "Error. Table '" + collars + "' could not be overwritten.\n[The file " + In("collars_temp__.TAB") +
+       "Error. Table '" + collars + "' could not be overwritten.\n[The file " + Out("collars_temp__.TAB") +
            " is in use by table Blocker; close that table first]"},
   };
   m_ui.OnDialog(1005, [&](HeadlessDialog& box) {
@@ -236,7 +224,7 @@ TEST_F(ReprojectOnEmulator, OkChecksTheChoicesInTheirOrderAndTheOptionsGreyAsTol
     box.Press(fk::ui::IDCANCEL);
   });
   EXPECT_EQ(Run(), 0);
-  EXPECT_EQ(ReadFile(collars) + ReadFile(In("collars.gpkg")), before);
+  EXPECT_EQ(ReadFile(collars) + ReadFile(Out("collars.gpkg")), before);
   EXPECT_EQ(g_Cartoma.GetTablePath("collars"), collars) << "still open";
 }
 

@@ -120,10 +120,10 @@ const std::vector<Case> kCases = {
      {34, 0}},
 };
 
-TEST(StyleLine, PenProgramsDrawTheirLines) {
+TEST(StyleLine, PenProgramsDrawTheirLinesAndAnIndexPastTheLastPenNothing) {
   ScopedFolder folder;
+  const std::string path = folder.Path() + "/styles.pen";
   for (const Case& c : kCases) {
-    const std::string path = folder.Path() + "/styles.pen";
     ASSERT_TRUE(sim::WritePenFile(path, {{Program({DRAWREST})}, c.passes}));
     auto dc = std::make_shared<fk::draw::RecordingDC>();
     std::vector<Point> points = c.points;
@@ -133,22 +133,12 @@ TEST(StyleLine, PenProgramsDrawTheirLines) {
     EXPECT_EQ(Polygons(*dc), c.polygons) << c.name;
     EXPECT_EQ(points.back(), c.lastAfter) << c.name;
   }
-}
-
-TEST(StyleLine, AnIndexPastTheLastPenDrawsNothing) {
-  ScopedFolder folder;
-  const std::string path = folder.Path() + "/styles.pen";
-  ASSERT_TRUE(sim::WritePenFile(path, {{kDash}, {kDash}}));
   auto dc = std::make_shared<fk::draw::RecordingDC>();
   std::vector<Point> points = {{0, 0}, {50, 0}};
   DrawCMStyleLine(fk::draw::AddDeviceContext(dc), path.c_str(), GetCartomaPenCount(path.c_str()), 0, 1,
                   &points[0].x, 2);
   EXPECT_TRUE(dc->Primitives().empty());
 }
-
-}  // namespace
-
-namespace {
 
 // Ink (255 less the red level) of the PNG at `path`, row by row.
 std::vector<std::vector<int>> Ink(const std::string& path) {
@@ -174,8 +164,6 @@ int InkIn(const std::vector<std::vector<int>>& ink, int top, int bottom, int lef
   return sum;
 }
 
-}  // namespace
-
 TEST(StyleLine, APictureHasInkOnTheDashesOnly) {
   ScopedFolder folder;
   const std::string pens = folder.Path() + "/styles.pen", png = folder.Path() + "/line.png";
@@ -193,3 +181,5 @@ TEST(StyleLine, APictureHasInkOnTheDashesOnly) {
   for (const int dashStart : {10, 46, 82})
     EXPECT_GT(InkIn(ink, 19, 21, dashStart + 1, std::min(dashStart + 23, 90)), 255 * 2 * 6) << dashStart;
 }
+
+}  // namespace

@@ -14,16 +14,6 @@ namespace {
 
 class HelpLauncherTest : public HeadlessTest {
  protected:
-  void SetUp() override {
-    HeadlessTest::SetUp();
-    m_path = std::getenv("PATH") ? std::getenv("PATH") : "";
-    unsetenv("FORMKIT_HELP");
-  }
-  void TearDown() override {
-    setenv("PATH", m_path.c_str(), 1);
-    unsetenv("FORMKIT_HELP");
-    HeadlessTest::TearDown();
-  }
   // A help program that writes its arguments to a file; the path of that file.
   std::string InstallRecorder(const std::string& name) {
     const std::string record = m_folder.Path() + "/arguments";
@@ -36,12 +26,12 @@ class HelpLauncherTest : public HeadlessTest {
     return ReadFile(record);
   }
   ScopedFolder m_folder;
-  std::string m_path;
+  const ScopedVariable m_path{"PATH", std::getenv("PATH") ? std::getenv("PATH") : ""};  // put back after the test
 };
 
 TEST_F(HelpLauncherTest, TheHelpProgramOnThePathGetsTheParametersOfTheProduct) {
   const std::string record = InstallRecorder("hh.exe");
-  setenv("PATH", (m_folder.Path() + ":" + m_path).c_str(), 1);
+  setenv("PATH", (m_folder.Path() + ":" + std::getenv("PATH")).c_str(), 1);
   ScriptedHost host;
   host.Emulator().SetGlobal("zelvar.cbx", "TerviDir", "/opt/zelvar");
   ASSERT_EQ(g_Cartoma.Connect(host.Handle(), 0), 1);
@@ -57,7 +47,7 @@ TEST_F(HelpLauncherTest, TheHelpProgramOnThePathGetsTheParametersOfTheProduct) {
 
 TEST_F(HelpLauncherTest, AConfiguredViewerGetsTheTopicAndTheFileAndAFailedStartIsReported) {
   const std::string record = InstallRecorder("help-viewer");
-  setenv("FORMKIT_HELP", (m_folder.Path() + "/help-viewer").c_str(), 1);
+  const ScopedVariable help("FORMKIT_HELP", m_folder.Path() + "/help-viewer");
   setenv("PATH", "/usr/bin:/bin", 1);
   LaunchHelp(m_ui.Prompts(), HELP_OGB_IMPORT);
   EXPECT_EQ(Recorded(record), "2:601098 /Terravik.chm\n") << "an empty product folder leaves the file at the root";

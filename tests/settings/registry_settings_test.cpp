@@ -110,21 +110,7 @@ TEST(FeedDaysTest, SpansAreRoundedByHalfASecondThenCut) {
   EXPECT_EQ(GetDaysBetween(now, 0.0), 45000) << "an unparsed date, day 0";
 }
 
-TEST_F(NewsFeedTest, TheIntervalIsWholeDaysPerProduct) {
-  EXPECT_EQ(GetRSSRegistry(), 7);
-  EXPECT_EQ(SetRSSRegistry(14), 1);
-  g_Cartoma.m_nProductVariant = 1;
-  EXPECT_EQ(GetRSSRegistry(), 7) << "each product has its own key";
-  fk::Registry::SetString(fk::Hive::CurrentUser, "Software\\Orvex\\Zelvar\\Setup", "RSSDelay", "3.9 days");
-  EXPECT_EQ(GetRSSRegistry(), 3) << "read as a number and truncated";
-  EXPECT_EQ(SetRSSRegistry(-2), 1);
-  EXPECT_EQ(fk::Registry::QueryString(fk::Hive::CurrentUser, "Software\\Orvex\\Zelvar\\Setup", "RSSDelay"), "-2");
-  g_Cartoma.m_nProductVariant = 4;
-  EXPECT_EQ(GetRSSRegistry(), 0);
-  EXPECT_EQ(SetRSSRegistry(5), 0);
-}
-
-TEST_F(NewsFeedTest, TheCheckIsDueWhenTheIntervalHasPassed) {
+TEST_F(NewsFeedTest, TheCheckIsDueWhenTheIntervalOfWholeDaysPerProductHasPassed) {
   EXPECT_EQ(DisplayNewFeedsAfter(FEED_TIMER_DELAY_MS), true);
   EXPECT_TRUE(CheckStarted()) << "never checked: due";
   const struct {
@@ -143,6 +129,16 @@ TEST_F(NewsFeedTest, TheCheckIsDueWhenTheIntervalHasPassed) {
   ASSERT_EQ(SetRSSRegistry(0), 1);
   EXPECT_EQ(DisplayNewFeeds(), 0) << "an interval of 0 turns the check off";
   EXPECT_FALSE(CheckStarted());
+
+  g_Cartoma.m_nProductVariant = 1;
+  EXPECT_EQ(GetRSSRegistry(), 7) << "each product has its own key";
+  fk::Registry::SetString(kUser, "Software\\Orvex\\Zelvar\\Setup", "RSSDelay", "3.9 days");
+  EXPECT_EQ(GetRSSRegistry(), 3) << "read as a number and truncated";
+  EXPECT_EQ(SetRSSRegistry(-2), 1);
+  EXPECT_EQ(Stored("Software\\Orvex\\Zelvar\\Setup", "RSSDelay"), "-2");
+  g_Cartoma.m_nProductVariant = 4;
+  EXPECT_EQ(GetRSSRegistry(), 0);
+  EXPECT_EQ(SetRSSRegistry(5), 0);
 }
 
 TEST_F(NewsFeedTest, TheTimerRecordsTheCheckThenStartsTheCompanionProgram) {

@@ -29,8 +29,7 @@ class AppSettingsTest : public SessionTest {
   }
   // The value GetAppSetting gives, or "untouched" when it leaves the buffer.
   std::string Get(const char* section, const char* key) {
-    char buffer[1100];
-    std::strcpy(buffer, "untouched");
+    char buffer[1100] = "untouched";
     m_lastResult = GetAppSetting(section, key, buffer, m_given.c_str());
     return buffer;
   }
@@ -60,7 +59,7 @@ TEST_F(AppSettingsTest, TheUsersFileWinsOverTheGivenFileAndTheProductAndInstalla
 
   // The product and the installation pick the user's folder.
   ASSERT_EQ(SetAppSetting("Grid", "CellSize", "10", m_given.c_str()), 1);
-  theApp.m_strInstallationID = "site-7";
+  ASSERT_EQ(SetInstallationID("site-7"), 1);
   EXPECT_EQ(Get("Grid", "CellSize"), "25") << "values saved before are no longer seen";
   EXPECT_EQ(SetAppSetting("Grid", "CellSize", "5", m_given.c_str()), 0) << "no folder is made for the installation";
   std::filesystem::create_directories(m_appData.Path() + "/Orvex/Terravik/site-7");
@@ -89,51 +88,39 @@ std::string DirectoryRecord(std::size_t offset, const std::string& text) {
   return Record(11, block);
 }
 
-class PreferenceFileTest : public SessionTest {
- protected:
-  void SetUp() override {
-    SessionTest::SetUp();
-    g_bPreferencesRead = 0;
-  }
-  void TearDown() override {
-    g_bPreferencesRead = 0;
-    SessionTest::TearDown();
-  }
-  void WritePreferences(const std::string& bytes) { m_appData.Write("Cartoma/Cartoma/CARTOMAW.PRF", bytes); }
-  std::string Directory(int index) {
-    char buffer[300];
-    std::strcpy(buffer, "untouched");
-    m_lastResult = GetPreferenceDirectory(index, buffer);
-    return buffer;
-  }
-
-  ScopedAppData m_appData;
-  int m_lastResult = -1;
-};
-
-TEST_F(PreferenceFileTest, AFailedReadIsTriedAgainAndDirectoriesStandAtTheirOffsets) {
-  EXPECT_EQ(Directory(0), "untouched") << "no file";
-  WritePreferences(Word(0xD2D1) + Word(1) + DirectoryRecord(0, "/wrong"));
-  EXPECT_EQ(Directory(0), "untouched");
-  EXPECT_EQ(Directory(0), "untouched");
+TEST(PreferenceFileTest, AFailedReadIsTriedAgainAndDirectoriesStandAtTheirOffsets) {
+  const ScopedAppData appData;
+  g_bPreferencesRead = 0;
+  int result = -1;
+  const auto directoryAt = [&](int index) {
+    char buffer[300] = "untouched";
+    result = GetPreferenceDirectory(index, buffer);
+    return std::string(buffer);
+  };
+  const auto writeFile = [&](const std::string& bytes) { appData.Write("Cartoma/Cartoma/CARTOMAW.PRF", bytes); };
+  EXPECT_EQ(directoryAt(0), "untouched") << "no file";
+  writeFile(Word(0xD2D1) + Word(1) + DirectoryRecord(0, "/wrong"));
+  EXPECT_EQ(directoryAt(0), "untouched");
+  EXPECT_EQ(directoryAt(0), "untouched");
 
   std::string block(PREFERENCE_BLOCK_SIZE, '\0');
   block.replace(0x0000, 8, "/maps/0\0", 8);
   block.replace(0x0200, 7, "/maps/2", 7);
   block.replace(0x1402, 7, "/maps/3", 7);
   block.replace(0x1E02, 0x100, std::string(0x100, 'z'));  // the last one fills the block, unterminated
-  WritePreferences(File(3, Record(4, "skip me") + Record(11, block) + Record(12, "after")));
+  writeFile(File(3, Record(4, "skip me") + Record(11, block) + Record(12, "after")));
 
   // Index 3 stands behind the host's gap; past 13 the buffer stays as it was.
   const std::pair<int, std::string> directories[] = {
       {0, "/maps/0"}, {1, ""}, {2, "/maps/2"}, {3, "/maps/3"}, {13, std::string(0x100, 'z')}, {14, "untouched"},
       {-1, "untouched"}};
   for (const auto& [index, directory] : directories) {
-    EXPECT_EQ(Directory(index), directory) << index;
-    EXPECT_EQ(m_lastResult, directory == "untouched" ? 0 : 1) << index;
+    EXPECT_EQ(directoryAt(index), directory) << index;
+    EXPECT_EQ(result, directory == "untouched" ? 0 : 1) << index;
   }
-  WritePreferences(File(1, DirectoryRecord(0, "/second")));
-  EXPECT_EQ(Directory(0), "/maps/0") << "a successful read is kept for the session";
+  writeFile(File(1, DirectoryRecord(0, "/second")));
+  EXPECT_EQ(directoryAt(0), "/maps/0") << "a successful read is kept for the session";
+  g_bPreferencesRead = 0;
 }
 
 TEST(PreferenceBlockTest, MalformedFilesAreRefused) {

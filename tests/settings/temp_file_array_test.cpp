@@ -56,7 +56,7 @@ TEST(TempFileArray, FilesPartsAndRebuildsComposites) {
 TEST(TempFileArray, TheEndDeletesWhatStayedTemporaryWhenAllowed) {
   for (const int deleteOnDestroy : {1, 0}) {
     ScopedFolder folder;
-    setenv("FORMKIT_DRIVE_Q", folder.Path().c_str(), 1);
+    const ScopedVariable drive("FORMKIT_DRIVE_Q", folder.Path());
     fs::create_directories(folder.Path() + "/far");
     const std::vector<std::string> temporary = {
         folder.Write("part.ogb", "Image = \"near.jpg\"\nImage = \"Q:\\far\\far.jpg\"\n"), folder.Write("near.jpg", "x"),
@@ -73,7 +73,6 @@ TEST(TempFileArray, TheEndDeletesWhatStayedTemporaryWhenAllowed) {
     for (const std::string& file : temporary)
       EXPECT_EQ(fs::exists(file), deleteOnDestroy == 0) << file << " with the flag " << deleteOnDestroy;
     EXPECT_TRUE(fs::exists(kept));
-    unsetenv("FORMKIT_DRIVE_Q");
   }
 }
 

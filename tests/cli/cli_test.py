@@ -101,12 +101,10 @@ class BadInput(unittest.TestCase):
             holes = numpy.arange(20.0).reshape(4, 5)
             holes[1, 1:3] = holes[2, 1:3] = numpy.nan
             write_grid(os.path.join(folder, "holes.tif"), holes)
-            with open(os.path.join(folder, "notes.txt"), "w") as notes:
-                notes.write("not a grid\n")
-            with open(os.path.join(folder, "t.csv"), "w") as table:
-                table.write("Hole,Depth2\nA,1\n")
-            with open(os.path.join(folder, "strip.ogb"), "w") as ogb:
-                ogb.write("GeoReferenceImage Begin\nImage = a.jpg\nGeometry = Quad_Strip_H\n")
+            for name, text in (("notes.txt", "not a grid\n"), ("t.csv", "Hole,Depth2\nA,1\n"),
+                               ("strip.ogb", "GeoReferenceImage Begin\nImage = a.jpg\nGeometry = Quad_Strip_H\n")):
+                with open(os.path.join(folder, name), "w") as file:
+                    file.write(text)
             before = sorted(os.listdir(folder))
             for args, code, words in self.CASES:
                 with self.subTest(args=args):

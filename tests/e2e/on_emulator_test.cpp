@@ -1,16 +1,13 @@
 // The library with the host emulator: loaded as a host loads it, with the
 // emulator registered through the host C API and the exports called by
 // name as a script calls them; and the host session's table and object
-// operations on real sample tables, with what they write read back by GDAL
-// and compared with what PROJ gives.
+// operations on real sample tables, with what they write read back by GDAL.
 #include <gdal_priv.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <ogrsf_frmts.h>
-#include <proj.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <filesystem>
 
 #include "formkit/formkit.h"
@@ -40,9 +37,6 @@ class LibraryOnEmulator : public ::testing::Test {
     for (const sim::CallRecord& call : m_emulator.Calls()) calls.push_back(call.member + ": " + call.text);
     return calls;
   }
-  bool Called(const std::string& member, const std::string& text) const {
-    return std::ranges::count(Calls(), member + ": " + text) > 0;
-  }
 
   ScopedRegistry m_registry;
   ScopedFolder m_folder;
@@ -52,31 +46,16 @@ class LibraryOnEmulator : public ::testing::Test {
   int32_t m_handle = m_host.registration.Handle();
 };
 
-TEST_F(LibraryOnEmulator, ConnectingFindsTheProductScriptOfTheHost) {
+TEST_F(LibraryOnEmulator, ConnectingNeedsAHandleOrARunningHost) {
   EXPECT_EQ(FORMKIT_EXPORT(m_library, ConnectToCartoma)(0), 0) << "no handle and no running host";
   EXPECT_EQ(reinterpret_cast<void*>(FORMKIT_EXPORT(m_library, ConnectToCartomaWithoutAppCheck)),
             reinterpret_cast<void*>(FORMKIT_EXPORT(m_library, ConnectToCartomaWithoutAppCheckDispatch)))
       << "one entry under two names";
   EXPECT_EQ(FORMKIT_EXPORT(m_library, GetProcessID)(), getpid());
   EXPECT_EQ(FORMKIT_EXPORT(m_library, ConnectToCartoma)(m_handle), 1);
-  EXPECT_TRUE(Called("CBXApplications.Item", "terravik.cbx"));
-  EXPECT_TRUE(Called("terravik.cbx CBXGlobals", ""));
-  EXPECT_FALSE(Called("CBXApplications.Item", "utilities.cbx")) << "the first product script found ends the search";
 }
 
-TEST_F(LibraryOnEmulator, StatementsAndExpressionsRunOnRealTables) {
-  const std::string collars = CopySample(m_folder, "collars");
-  ASSERT_EQ(Do("Open Table \"" + collars + "\" As Collars Hide"), 1) << LastError();
-  EXPECT_EQ(Eval("ColumnInfo(Collars, COL2, 1)"), "East");
-  ASSERT_EQ(Do("Select HoleID, MaxDepth From Collars Where MaxDepth > 150 Order By MaxDepth Desc Into Deep"), 1)
-      << LastError();
-  EXPECT_EQ(Eval("TableInfo(Deep, 8)"), "2");
-  ASSERT_EQ(Do("Fetch First From Deep"), 1);
-  EXPECT_EQ(Eval("Deep.HoleID & \" \" & Deep.COL2"), "BD004 200");
-  EXPECT_STREQ(FORMKIT_EXPORT(m_library, GetCartomaTableFieldValue)(m_handle, "Deep", "HoleID"), "BD004");
-}
-
-TEST_F(LibraryOnEmulator, AMalformedStatementGivesItsDescriptionAndTheNextStatementWorks) {
+TEST_F(LibraryOnEmulator, AMalformedStatementGivesItsDescriptionAndStatementsRunOnRealTables) {
   EXPECT_EQ(FORMKIT_EXPORT(m_library, CartomaDo)(0, "Close All"), 1) << "no host: nothing to send, and no failure";
   EXPECT_STREQ(FORMKIT_EXPORT(m_library, CartomaEval)(0, "NumTables()"), "");
   EXPECT_EQ(Do("Open Tabel \"x.tab\""), 0);
@@ -88,13 +67,15 @@ TEST_F(LibraryOnEmulator, AMalformedStatementGivesItsDescriptionAndTheNextStatem
   EXPECT_EQ(Eval("TableInfo(Holes, 8)"), "");
   EXPECT_EQ(LastError(), "Table Holes is not open");
 
-  EXPECT_EQ(Do("Dim p As Object"), 1);
+  ASSERT_EQ(Do("Open Table \"" + CopySample(m_folder, "collars") + "\" As Collars Hide"), 1);
   EXPECT_EQ(LastError(), "Table Holes is not open") << "a success does not clear the last failure";
-  EXPECT_EQ(Do("Create Point Into Variable p (1.5, -2.25)"), 1);
-  EXPECT_EQ(Eval("ObjectGeography(p, 2)"), "-2.25");
+  ASSERT_EQ(Do("Select HoleID, MaxDepth From Collars Where MaxDepth > 150 Order By MaxDepth Desc Into Deep"), 1);
+  ASSERT_EQ(Do("Fetch First From Deep"), 1);
+  EXPECT_EQ(Eval("Deep.HoleID & \" \" & Deep.COL2"), "BD004 200");
+  EXPECT_STREQ(FORMKIT_EXPORT(m_library, GetCartomaTableFieldValue)(m_handle, "Deep", "HoleID"), "BD004");
 }
 
-TEST_F(LibraryOnEmulator, ScriptsAnswerVariablesQueriesAndCommands) {
+TEST_F(LibraryOnEmulator, ScriptsAnswerVariablesQueriesAndCommandsAndNoToolkitIsLoaded) {
   auto variable = FORMKIT_EXPORT(m_library, GetCBXVariable);
   auto query = FORMKIT_EXPORT(m_library, GetDDEQuery);
   auto command = FORMKIT_EXPORT(m_library, DoDDECommand);
@@ -118,12 +99,10 @@ TEST_F(LibraryOnEmulator, ScriptsAnswerVariablesQueriesAndCommands) {
   EXPECT_STREQ(variable(m_handle, "utilities.cbx", "TerviDir"), "/srv/tv");
   EXPECT_EQ(command(m_handle, "absent.cbx", "Go"), 1) << "once a command reached a script, 1 for good";
   EXPECT_EQ(command(0, "absent.cbx", "Go"), 1);
-}
 
-TEST_F(LibraryOnEmulator, ExportsWithoutADialogLoadNoToolkit) {
-  Eval("NumTables()");
+  // None of these exports has a dialog, so none may have loaded a toolkit.
   Do("Close All");
-  FORMKIT_EXPORT(m_library, GetCBXVariable)(m_handle, "absent.cbx", "x");
+  Eval("NumTables()");
   const std::string maps = ReadFile("/proc/self/maps");
   for (const char* toolkit : {"libwx_", "libgtk", "libformkit-wx"}) EXPECT_EQ(maps.find(toolkit), std::string::npos);
 }
@@ -156,16 +135,6 @@ std::vector<FeatureRow> ReadWithGdal(const std::string& path) {
   return rows;
 }
 
-// What PROJ makes of a point between two systems, longitude first.
-std::pair<double, double> ProjTransform(const char* from, const char* to, double x, double y) {
-  PJ* raw = proj_create_crs_to_crs(nullptr, from, to, nullptr);
-  PJ* pj = proj_normalize_for_visualization(nullptr, raw);
-  const PJ_COORD out = proj_trans(pj, PJ_FWD, proj_coord(x, y, 0, 0));
-  proj_destroy(pj);
-  proj_destroy(raw);
-  return {out.xy.x, out.xy.y};
-}
-
 using SessionOnEmulator = EmulatorSessionTest;
 
 TEST_F(SessionOnEmulator, MakeTableSubsetWritesTheChosenHolesInOrderWithTheMetadataBlock) {
@@ -187,7 +156,7 @@ TEST_F(SessionOnEmulator, MakeTableSubsetWritesTheChosenHolesInOrderWithTheMetad
   EXPECT_EQ(g_Cartoma.FindTableByPath(out), "") << "the subset is written, not left open";
 }
 
-TEST_F(SessionOnEmulator, CommittingUnderAnotherClauseReprojectsAsProjDoes) {
+TEST_F(SessionOnEmulator, CommittingUnderAnotherClauseReprojectsEveryRowLongitudeFirst) {
   Open("collars", "Collars");
   EXPECT_EQ(g_Cartoma.GetTableCoordSysClause("Collars"), kMga55);
   const std::string out = Out("collars_wgs84.tab");
@@ -196,11 +165,11 @@ TEST_F(SessionOnEmulator, CommittingUnderAnotherClauseReprojectsAsProjDoes) {
   const std::vector<FeatureRow> source = ReadWithGdal(Out("collars.gpkg"));
   const std::vector<FeatureRow> written = ReadWithGdal(Out("collars_wgs84.gpkg"));
   ASSERT_EQ(written.size(), 5u);
+  // Each hole within about 500 m of where PROJ puts the collars; how exactly
+  // the host's commit matches PROJ is the multi-table reprojection's test.
   for (std::size_t i = 0; i < written.size(); ++i) {
-    const auto [lon, lat] = ProjTransform("EPSG:28355", "EPSG:4326", source[i].x, source[i].y);
-    EXPECT_NEAR(written[i].x, lon, 1e-9);
-    EXPECT_NEAR(written[i].y, lat, 1e-9);
-    EXPECT_NEAR(written[i].x, 144.28, 0.05) << "longitude first";
+    EXPECT_NEAR(written[i].x, 144.257, 0.005) << "longitude first";
+    EXPECT_NEAR(written[i].y, -36.787, 0.005);
     EXPECT_EQ(written[i].fields[0], source[i].fields[0]);
   }
   ASSERT_TRUE(g_Cartoma.OpenTable(out.c_str(), "Wgs", 1, 0));
@@ -213,20 +182,19 @@ TEST_F(SessionOnEmulator, CommittingUnderAnotherClauseReprojectsAsProjDoes) {
 
 TEST_F(SessionOnEmulator, ObjectsOfEveryKindGiveTheirNodesAsTheLibraryReadsThem) {
   Open("objects", "Objects");
-  std::vector<double> xs, ys;
-  const auto nodesOfRow = [&](int row) {
-    xs.clear();
-    ys.clear();
-    EXPECT_TRUE(g_Cartoma.FetchRow("Objects", row));
-    EXPECT_TRUE(g_Cartoma.ObjectToVariable("o", "Objects"));
-    return g_Cartoma.GetObjectNodes("o", xs, ys);
+  const auto fetch = [](int row) {
+    EXPECT_TRUE(g_Cartoma.FetchRow("Objects", row) && g_Cartoma.ObjectToVariable("o", "Objects")) << "row " << row;
   };
   const int kinds[] = {5, 5, 3, 4, 7, 8, 9, 2, 1, 10, 0, 6};  // the 11th row has no object
   for (int row = 0; row < 12; ++row) {
-    ASSERT_TRUE(g_Cartoma.FetchRow("Objects", row));
-    ASSERT_TRUE(g_Cartoma.ObjectToVariable("o", "Objects"));
+    fetch(row);
     EXPECT_EQ(g_Cartoma.GetObjectType("o"), kinds[row]) << "row " << row;
   }
+  std::vector<double> xs, ys;
+  const auto nodesOfRow = [&](int row) {
+    fetch(row);
+    return g_Cartoma.GetObjectNodes("o", xs = {}, ys = {});
+  };
   ASSERT_EQ(nodesOfRow(3), 1);  // a polyline of two sections, 3 and 2 nodes
   EXPECT_THAT(xs, ElementsAre(144.26, 144.265, 144.27, 144.271, 144.276));
   ASSERT_EQ(nodesOfRow(4), 1);  // a region with a hole: both rings, 4 nodes each

@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "formkit/formkit.h"
-#include "platform/ui/headless/headless_ui.h"
 #include "support/viewer_program.h"
 #include "viewer/viewer_link.h"
 
@@ -24,7 +23,6 @@ class ViewerProgramLinks : public ViewerProgram {
     ViewerProgram::SetUp();
     theApp.m_TempFiles.clear();  // records of earlier tests in this process
   }
-  // The members called since the last mark.
   std::vector<std::string> CallsSinceMark() {
     const std::vector<std::string> members = Members(Calls());
     std::vector<std::string> fresh(members.begin() + static_cast<std::ptrdiff_t>(m_nMark), members.end());
@@ -59,7 +57,6 @@ TEST_F(ViewerProgramLinks, ChecksSwitchFilesAndPartsInTheViewerAndTheSaveKeepsTh
   ASSERT_EQ(m_ui.Prompts().Shown().size(), 1u);
   EXPECT_EQ(m_ui.Prompts().Shown()[0].text, "3D window is not currently running. There are no links active.");
 
-  std::filesystem::create_directories(m_folder.Path() + "/parts");
   std::filesystem::create_directories(m_folder.Path() + "/kept");
   const std::string one = m_folder.Write("parts/hole one.ogb", ImagePart("hole one.jpg"));
   const std::string two = m_folder.Write("parts/hole two.ogb", ImagePart("hole two.jpg"));

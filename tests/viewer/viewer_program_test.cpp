@@ -1,26 +1,12 @@
-// The viewer simulator started, found and stopped by the library, on a
-// private session bus, with the viewer's location in a registry of the
-// test's own. The simulator's record of calls is the wire the library spoke.
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-#include <signal.h>
+// The viewer exports end to end against the viewer simulator: starting and
+// stopping, loading files and series, the saved state and selection handles.
 #include <sys/wait.h>
-#include <unistd.h>
 
-#include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <functional>
 
-#include "support/host/emulated_host.h"
 #include "formkit/formkit.h"
-#include "host/cartoma.h"
-#include "platform/automation/bus_classes.h"
-#include "platform/automation/class_registry.h"
-#include "platform/registry/registry.h"
-#include "platform/ui/dialog_view.h"
-#include "support/formkit_library.h"
-#include "support/session_fixture.h"
+#include "support/host/emulated_host.h"
 #include "support/viewer_program.h"
 #include "viewer/viewer_link.h"
 #include "viewer/viewer_process.h"
@@ -50,7 +36,6 @@ TEST_F(ViewerProgram, IsStartedOnceAskedAndStoppedThroughTheExports) {
 
   const int pid = FORMKIT_EXPORT(library, ExecuteTerravik3D)();
   ASSERT_GT(pid, 0);
-  EXPECT_THAT(SimulatorProcesses(), ElementsAre(pid));
   EXPECT_EQ(FORMKIT_EXPORT(library, ExecuteTerravik3D)(), pid);
   EXPECT_THAT(SimulatorProcesses(), ElementsAre(pid)) << "a running viewer is not started again";
   EXPECT_EQ(FORMKIT_EXPORT(library, IsTvik3DRunning)(), 1);
@@ -188,49 +173,45 @@ TEST_F(ViewerProgram, TableFilesBecomePointAndLineSeriesAndARefreshReloadsThePro
 }
 
 TEST_F(ViewerProgram, ASavedStateKeepsTheCompositesInUseAndComesBackInANewViewer) {
-  const std::string parts = m_folder.Path() + "/parts";
   const std::string saved = m_folder.Path() + "/saved";
-  std::filesystem::create_directories(parts);
   std::filesystem::create_directories(saved);
   const std::string part = m_folder.Write(
       "parts/hole one.ogb", "GeoreferenceImage Begin\n  Image = \"hole one.jpg\"\nGeoreferenceImage End\n");
   m_folder.Write("parts/hole one.jpg", "picture");
   const std::string unusedPart = m_folder.Write(
       "parts/hole two.ogb", "GeoreferenceImage Begin\n  Image = \"hole two.jpg\"\nGeoreferenceImage End\n");
-  const std::string composite = parts + "/logs.ogb";
+  const std::string composite = m_folder.Path() + "/parts/logs.ogb";
   const std::string plain = m_folder.Write("parts/plain.ogb", "");
-  {
-    LibraryWithHost host;
-    ASSERT_GT(FORMKIT_EXPORT(host.library, ExecuteTerravik3D)(), 0);
-    ASSERT_EQ(FORMKIT_EXPORT(host.library, AddOGBFilePart)(composite.c_str(), unusedPart.c_str(), 0), 1);
-    ASSERT_EQ(FORMKIT_EXPORT(host.library, AddOGBFilePart)(composite.c_str(), part.c_str(), 1), 1);
-    ASSERT_EQ(FORMKIT_EXPORT(host.library, LoadOGBFile)(plain.c_str()), 1);
-    EXPECT_EQ(ReadFile(composite), OnDisk(ReadFile(unusedPart) + ReadFile(part))) << "both parts are in use so far";
-    CViewerLink viewer;  // someone takes the first part out of the view
-    ASSERT_TRUE(viewer.Attach());
-    viewer.RemoveFileObject(viewer.GetMapWindow(true), -2, "hole_two");
-    viewer.Detach();
+  LibraryWithHost host;
+  ASSERT_GT(FORMKIT_EXPORT(host.library, ExecuteTerravik3D)(), 0);
+  ASSERT_EQ(FORMKIT_EXPORT(host.library, AddOGBFilePart)(composite.c_str(), unusedPart.c_str(), 0), 1);
+  ASSERT_EQ(FORMKIT_EXPORT(host.library, AddOGBFilePart)(composite.c_str(), part.c_str(), 1), 1);
+  ASSERT_EQ(FORMKIT_EXPORT(host.library, LoadOGBFile)(plain.c_str()), 1);
+  EXPECT_EQ(ReadFile(composite), OnDisk(ReadFile(unusedPart) + ReadFile(part))) << "both parts are in use so far";
+  CViewerLink viewer;  // someone takes the first part out of the view
+  ASSERT_TRUE(viewer.Attach());
+  viewer.RemoveFileObject(viewer.GetMapWindow(true), -2, "hole_two");
+  viewer.Detach();
 
-    ASSERT_EQ(FORMKIT_EXPORT(host.library, Save3DState)((saved + "/site.3ds").c_str()), 1);
-    EXPECT_EQ(ReadFile(saved + "/site.3ds"), "VERSION 1.0\r\n" + saved + "/site.wor\r\n" + saved + "/site.ogs\r\n");
-    EXPECT_TRUE(host.HostRan("Save Workspace"));
-    EXPECT_THAT(ReadFile(saved + "/site.wor"), HasSubstr("!Workspace"));
-    EXPECT_THAT(ReadFile(saved + "/site.ogs"), HasSubstr("logs.ogb")) << "the viewer's own state";
-    EXPECT_EQ(ReadFile(saved + "/logs.ogb"), OnDisk(ReadFile(part))) << "only the part the viewer still lists";
-    EXPECT_EQ(ReadFile(saved + "/hole one.jpg"), "picture");
-    EXPECT_FALSE(std::filesystem::exists(saved + "/plain.ogb")) << "a plain temporary file is not saved";
-    EXPECT_EQ(FORMKIT_EXPORT(host.library, SetTempFileDeleteOnDestoy)(0), 0);
+  ASSERT_EQ(FORMKIT_EXPORT(host.library, Save3DState)((saved + "/site.3ds").c_str()), 1);
+  EXPECT_EQ(ReadFile(saved + "/site.3ds"), "VERSION 1.0\r\n" + saved + "/site.wor\r\n" + saved + "/site.ogs\r\n");
+  EXPECT_TRUE(host.HostRan("Save Workspace"));
+  EXPECT_THAT(ReadFile(saved + "/site.wor"), HasSubstr("!Workspace"));
+  EXPECT_THAT(ReadFile(saved + "/site.ogs"), HasSubstr("logs.ogb")) << "the viewer's own state";
+  EXPECT_EQ(ReadFile(saved + "/logs.ogb"), OnDisk(ReadFile(part))) << "only the part the viewer still lists";
+  EXPECT_EQ(ReadFile(saved + "/hole one.jpg"), "picture");
+  EXPECT_FALSE(std::filesystem::exists(saved + "/plain.ogb")) << "a plain temporary file is not saved";
+  EXPECT_EQ(FORMKIT_EXPORT(host.library, SetTempFileDeleteOnDestoy)(0), 0);
 
-    const int first = FORMKIT_EXPORT(host.library, GetTvik3DProcessID)();
-    EXPECT_EQ(FORMKIT_EXPORT(host.library, ShutdownTerravik3D)(), 1);
-    ASSERT_TRUE(Ended(first));
-    ASSERT_EQ(FORMKIT_EXPORT(host.library, Load3DState)((saved + "/site.3ds").c_str()), 1) << "in a new viewer";
-    EXPECT_TRUE(host.HostRan("Run Application \"" + saved + "/site.wor\""));
-    ASSERT_TRUE(viewer.Attach());
-    EXPECT_EQ(viewer.ObjectExists(viewer.GetMapWindow(false), saved + "/logs.ogb", 6), 1) << "the session came back";
-    viewer.Detach();
-    EXPECT_EQ(FORMKIT_EXPORT(host.library, ShutdownTerravik3D)(), 1);
-  }
+  const int first = FORMKIT_EXPORT(host.library, GetTvik3DProcessID)();
+  EXPECT_EQ(FORMKIT_EXPORT(host.library, ShutdownTerravik3D)(), 1);
+  ASSERT_TRUE(Ended(first));
+  ASSERT_EQ(FORMKIT_EXPORT(host.library, Load3DState)((saved + "/site.3ds").c_str()), 1) << "in a new viewer";
+  EXPECT_TRUE(host.HostRan("Run Application \"" + saved + "/site.wor\""));
+  ASSERT_TRUE(viewer.Attach());
+  EXPECT_EQ(viewer.ObjectExists(viewer.GetMapWindow(false), saved + "/logs.ogb", 6), 1) << "the session came back";
+  viewer.Detach();
+  EXPECT_EQ(FORMKIT_EXPORT(host.library, ShutdownTerravik3D)(), 1);
 }
 
 TEST_F(ViewerProgram, LogFilesJoinTheFirstFoldersLogAndRefreshPassesThroughTheScratchFile) {

@@ -149,8 +149,9 @@ class Help(unittest.TestCase):
     def test_every_subcommand_is_listed_and_its_example_works_when_pasted(self):
         listing = run("--help").stdout
         commands = re.findall(r"^  ([a-z-]+) {2,}", listing.split("Subcommands:")[1], re.M)
-        self.assertEqual(commands, ["host", "contour", "register-image", "fields", "settings", "export", "import", "hotlinks", "viewer", "series", "reproject", "color-objects",
-                                    "section-plane", "window-list", "workspace", "drillholes", "trenches", "pen"])
+        self.assertEqual(commands, ["host", "contour", "register-image", "fields", "settings", "export", "import",
+                                    "hotlinks", "viewer", "series", "reproject", "color-objects", "section-plane",
+                                    "window-list", "workspace", "drillholes", "trenches", "pen"])
         for command in commands:
             text = run(command, "--help").stdout
             example = text.split("Example:\n")[1].replace("\\\n", " ")

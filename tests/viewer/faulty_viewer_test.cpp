@@ -1,7 +1,7 @@
 // The viewer exports against a viewer that fails every call, or that ends
 // between two calls of one operation: none crashes or hangs, a failing
-// viewer gives the loaders their failure, and the library still starts and
-// finds a sound viewer afterwards. (An operation that left by exception
+// viewer gives the table loaders their failure, and the library still
+// starts and finds a sound viewer afterwards. (An operation that left by exception
 // leaves the viewer attached, and attaching answers false until a detach,
 // as the system has it; each fault is therefore met by a fresh link.)
 #include <functional>

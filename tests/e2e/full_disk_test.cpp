@@ -1,44 +1,18 @@
 // The files the system writes, on a disk that fills up: each writer gives
 // its failure result and message or keeps the old file whole, and the
-// library goes on working once there is room again. The full disk is a
-// file size limit on the test process (writes past it fail as on a full
-// disk, the signal that would end the process ignored).
-#include <gtest/gtest.h>
-#include <signal.h>
-#include <sys/resource.h>
-
+// library goes on working once there is room again. (The state file, which
+// needs the viewer, is a viewer test.)
 #include <functional>
 
 #include "exchange/datamine_export_dlg.h"
 #include "exchange/raster_tab_writer.h"
 #include "formkit/formkit.h"
 #include "settings/temp_file.h"
+#include "support/full_disk.h"
 #include "support/host/emulated_host.h"
 #include "workspace/workspace_text.h"
 
 namespace {
-
-// Room for `bytes` in any one file while the object lives.
-class FullDisk {
- public:
-  explicit FullDisk(rlim_t bytes) {
-    getrlimit(RLIMIT_FSIZE, &m_old);
-    m_oldAction = signal(SIGXFSZ, SIG_IGN);
-    rlimit small = m_old;
-    small.rlim_cur = bytes;
-    EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
-  }
-  ~FullDisk() {
-    setrlimit(RLIMIT_FSIZE, &m_old);
-    signal(SIGXFSZ, m_oldAction);
-  }
-  FullDisk(const FullDisk&) = delete;
-  FullDisk& operator=(const FullDisk&) = delete;
-
- private:
-  rlimit m_old{};
-  sighandler_t m_oldAction = SIG_DFL;
-};
 
 constexpr rlim_t kRoom = 512;
 

@@ -6,6 +6,7 @@
 #include <functional>
 
 #include "formkit/formkit.h"
+#include "support/full_disk.h"
 #include "support/host/emulated_host.h"
 #include "support/viewer_program.h"
 #include "viewer/viewer_link.h"
@@ -212,6 +213,28 @@ TEST_F(ViewerProgram, ASavedStateKeepsTheCompositesInUseAndComesBackInANewViewer
   EXPECT_EQ(viewer.ObjectExists(viewer.GetMapWindow(false), saved + "/logs.ogb", 6), 1) << "the session came back";
   viewer.Detach();
   EXPECT_EQ(FORMKIT_EXPORT(host.library, ShutdownTerravik3D)(), 1);
+}
+
+// A state file the disk has no room for gives message 2007 and 0, and
+// leaves the viewer attached, so that the next save can't reach it.
+TEST_F(ViewerProgram, AStateFileOnAFullDiskGivesItsMessageAndZero) {
+  ASSERT_GT(ExecuteTerravik3D(), 0);
+  const std::string state = m_folder.Path() + "/site.3ds";
+  int result = -1;
+  {
+    const FullDisk full(16);  // the first line and no more
+    result = Save3DState(state.c_str());
+  }
+  EXPECT_EQ(result, 0);
+  std::vector<std::string> shown;
+  for (const fk::ui::ShownPrompt& prompt : m_ui.Prompts().Shown()) shown.push_back(prompt.text);
+  EXPECT_THAT(shown, ElementsAre("Error, could not save 3d state."));
+  EXPECT_FALSE(std::filesystem::exists(m_folder.Path() + "/site.wor")) << "the host was not asked to save";
+  EXPECT_EQ(Save3DState(state.c_str()), 0) << "the viewer is still attached";
+  shown.clear();
+  for (const fk::ui::ShownPrompt& prompt : m_ui.Prompts().Shown()) shown.push_back(prompt.text);
+  EXPECT_THAT(shown, ElementsAre("Error, could not save 3d state.", "Error, could not open connection to 3D window"));
+  EXPECT_EQ(ShutdownTerravik3D(), 1);
 }
 
 TEST_F(ViewerProgram, LogFilesJoinTheFirstFoldersLogAndRefreshPassesThroughTheScratchFile) {

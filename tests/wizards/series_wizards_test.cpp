@@ -169,8 +169,11 @@ TEST_F(ViewerProgramWizards, ChosenHolesBecomeOneSeriesOfWholeOrSubsetTablesAndA
     box.Press(fk::ui::IDOK);
   });
   EXPECT_THAT(Run(1, TrenchWiz, 1), Contains("TV.InterfaceCOM 41 flags=0 3:1 3:12 " + TextList({"_trenches"})));
+  m_ui.Prompts().Clear();
   NamedSeries("_trenches", fk::ui::IDYES);
   const std::vector<std::string> again = Run(1, TrenchWiz, 1);
+  EXPECT_EQ(m_ui.Prompts().Shown().at(0).text,
+            "Trench series 'collars' is aready open in 3D. Do you wish to refresh the data?");
   EXPECT_THAT(again, IsSupersetOf(Lines{"TV.InterfaceCOM 47 flags=0 3:1 3:12 " + TextList({"_trenches"}) + " 4003:0",
                                         "TV.InterfaceCOM 46 flags=0 3:1 3:4 400c:[c;0|8:\"_trenches\",b:true]"}));
 

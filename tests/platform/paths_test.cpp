@@ -103,6 +103,16 @@ TEST(IniFileTest, WritesKeepTheRestOfTheFileAndNeverMakeFolders) {
   EXPECT_EQ(fk::GetPrivateProfileString("One", "S", "", 64, file), " spaced ");
   EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), std::count(text.begin(), text.end(), '\r')) << "CR LF";
 
+  // A byte order mark: the file's own stays, and a key named with one keeps
+  // its name when the write makes it the first line.
+  const std::string marked = folder.Write("m.ini", "\xEF\xBB\xBF[One]\nA=1\n");
+  ASSERT_TRUE(fk::WritePrivateProfileString("One", "B", "2", marked));
+  EXPECT_TRUE(ReadFile(marked).starts_with("\xEF\xBB\xBF[One]")) << ReadFile(marked);
+  const std::string named = folder.Write("n.ini", "no pair\n\xEF\xBB\xBFMarked=1\n");
+  ASSERT_TRUE(fk::WritePrivateProfileString("One", "A", "1", named));
+  EXPECT_EQ(fk::GetPrivateProfileString("", "Marked", "none", 64, named), "none") << ReadFile(named);
+  EXPECT_EQ(fk::GetPrivateProfileString("", "\xEF\xBB\xBFMarked", "", 64, named), "1");
+
   EXPECT_TRUE(fk::WritePrivateProfileString("S", "K", "V", folder.Path() + "/new.ini")) << "a new file is made";
   EXPECT_FALSE(fk::WritePrivateProfileString("S", "K", "V", folder.Path() + "/missing/new.ini"));
   EXPECT_FALSE(std::filesystem::exists(folder.Path() + "/missing"));

@@ -46,11 +46,21 @@ bool Load(CSimpleIniA& ini, const std::string& nativePath) {
   return ini.LoadFile(nativePath.c_str()) >= 0;
 }
 
+// The file's text, with the byte order mark it began with. A read takes a
+// mark at the start of the file off, so a first key whose name begins with
+// the mark (one that stood lower in the file before) gets a mark of its own
+// before it, and keeps its name at the next read.
+bool Text(const CSimpleIniA& ini, std::string& text) {
+  if (ini.Save(text, true) < 0) return false;
+  if (!ini.IsUnicode() && text.starts_with(SI_UTF8_SIGNATURE)) text.insert(0, SI_UTF8_SIGNATURE);
+  return true;
+}
+
 // Writes the whole text beside the file and puts it in the file's place in
 // one step, so that a writer stopped halfway leaves the old file whole.
 bool Save(const CSimpleIniA& ini, const std::string& nativePath) {
   std::string text;
-  if (ini.Save(text) < 0) return false;
+  if (!Text(ini, text)) return false;
   const std::string temporary = nativePath + ".~" + std::to_string(::getpid());
   TextWriter writer;
   if (!writer.Open(temporary)) return false;
